@@ -1,0 +1,20 @@
+# The front door. Every target sets up what it needs by itself.
+.DEFAULT_GOAL := help
+.PHONY: help setup build run shell test format format-check lint clean
+
+help: ## This list
+	@awk -F ':.*## ' '/^[a-z-]+:.*## / { printf "  make %-13s %s\n", $$1, $$2 }' $(MAKEFILE_LIST)
+
+setup: ## Packages, cross-built libraries and the Wine prefix
+	@tools/setup-packages
+	@tools/setup-dependencies
+	@tools/setup-prefix
+
+build: setup ## Cross-build the module, the stand-in host and the tests
+	@tools/build
+
+test: build ## Run every test
+	@tools/wine-session ctest --preset drafthost
+
+clean: ## Remove what was compiled; keeps libraries and the Wine prefix
+	@rm -rf build/drafthost
