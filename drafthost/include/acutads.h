@@ -1,0 +1,13 @@
+#pragma once
+
+#include "adsdef.h"
+#include "drafthost_api.h"
+
+/// Prints on the host's command line, formatted as by the C library's wide printf.
+DRAFTHOST_API int acutPrintf(const ACHAR* format, ...);
+
+/// Releases a list of values with its strings. Null does nothing.
+DRAFTHOST_API int acutRelRb(resbuf* rb);
+
+/// A list of values from pairs of a type code and a value, ended by 0. Null on a bad code.
+DRAFTHOST_API resbuf* acutBuildList(int rtype, ...);
