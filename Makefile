@@ -16,5 +16,16 @@ build: setup ## Cross-build the module, the stand-in host and the tests
 test: build ## Run every test
 	@tools/wine-session ctest --preset drafthost
 
+format: ## Lay out the sources by .clang-format
+	@tools/setup-packages
+	@tools/format
+
+format-check: ## Say which sources are not laid out by .clang-format
+	@tools/setup-packages
+	@tools/format --check
+
+lint: build ## clang-tidy over every source
+	@tools/lint
+
 clean: ## Remove what was compiled; keeps libraries and the Wine prefix
 	@rm -rf build/drafthost

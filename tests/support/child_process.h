@@ -11,8 +11,8 @@ struct ChildResult {
 };
 
 struct ChildOptions {
-    std::wstring directory;             ///< working folder; empty: the caller's
-    std::string input;                  ///< bytes for stdin, which is closed behind them
+    std::wstring directory;              ///< working folder; empty: the caller's
+    std::string input;                   ///< bytes for stdin, which is closed behind them
     unsigned long milliseconds = 60000;  ///< the child is ended after this long
 };
 

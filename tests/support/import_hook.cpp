@@ -53,4 +53,6 @@ ImportHookBase::ImportHookBase(HMODULE module, const char* dll, const char* func
     WriteSlot(m_slot, replacement);
 }
 
-ImportHookBase::~ImportHookBase() { WriteSlot(m_slot, m_original); }
+ImportHookBase::~ImportHookBase() {
+    WriteSlot(m_slot, m_original);
+}

@@ -25,9 +25,9 @@ HANDLE g_finished = nullptr;
 void PrintFrame(DWORD64 address) {
     HMODULE module = nullptr;
     wchar_t path[MAX_PATH] = L"?";
-    if (GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
-                               GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                           reinterpret_cast<LPCWSTR>(address), &module)) {
+    if (GetModuleHandleExW(
+            GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+            reinterpret_cast<LPCWSTR>(address), &module)) {
         GetModuleFileNameW(module, path, MAX_PATH);
     }
     std::fprintf(stderr, "    %ls + 0x%llx\n", path,

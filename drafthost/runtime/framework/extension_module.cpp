@@ -36,7 +36,9 @@ HINSTANCE AfxGetResourceHandle() {
     return g_resourceHandle != nullptr ? g_resourceHandle : GetModuleHandleW(nullptr);
 }
 
-void AfxSetResourceHandle(HINSTANCE handle) { g_resourceHandle = handle; }
+void AfxSetResourceHandle(HINSTANCE handle) {
+    g_resourceHandle = handle;
+}
 
 CDynLinkLibrary::CDynLinkLibrary(AFX_EXTENSION_MODULE& state, BOOL system)
     : m_hModule(state.hModule), m_hResource(state.hResource), m_bSystem(system) {
