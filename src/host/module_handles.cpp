@@ -1,0 +1,5 @@
+#include "host/module_handles.h"
+
+HINSTANCE g_moduleInstance = nullptr;
+
+ModuleExtension ModuleExtensionRecord;
