@@ -16,6 +16,12 @@ build: setup ## Cross-build the module, the stand-in host and the tests
 test: build ## Run every test
 	@tools/wine-session ctest --preset drafthost
 
+run: build ## Start drafthost with the module and the demo installation; DAMAGED=1 breaks its config.xml first
+	@tools/run-demo $(if $(DAMAGED),--damaged-config)
+
+shell: build ## The same, and stay at the prompt
+	@tools/run-demo --shell
+
 format: ## Lay out the sources by .clang-format
 	@tools/setup-packages
 	@tools/format
