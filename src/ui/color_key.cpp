@@ -1,0 +1,27 @@
+#include "ui/color_key.h"
+
+#include <cstdlib>
+
+namespace {
+
+constexpr int keyDistance = 10;
+
+int Distance(const std::uint8_t* pixel, std::uint32_t color) {
+    const int blue = color & 0xFF;
+    const int green = color >> 8 & 0xFF;
+    const int red = color >> 16 & 0xFF;
+    return std::abs(pixel[0] - blue) + std::abs(pixel[1] - green) + std::abs(pixel[2] - red);
+}
+
+}  // namespace
+
+void KeyOutColor(const PixelRows& pixels, std::uint32_t color) {
+    constexpr unsigned bytesOfPixel = 4;
+    for (unsigned y = 0; y < pixels.height; ++y) {
+        std::uint8_t* const row = pixels.firstRow + static_cast<std::ptrdiff_t>(y) * pixels.stride;
+        for (unsigned x = 0; x < pixels.width; ++x) {
+            std::uint8_t* const pixel = row + x * bytesOfPixel;
+            if (Distance(pixel, color) <= keyDistance) pixel[3] = 0;
+        }
+    }
+}
