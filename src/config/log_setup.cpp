@@ -1,0 +1,61 @@
+#include "config/log_setup.h"
+
+#include "config/log_prefix.h"
+#include "host/module_handles.h"
+#include "install/path_probe.h"
+
+#include <atlstr.h>
+
+namespace {
+
+/// One file for each severity and no host, user, date or process in its name, unlike the library's
+/// stock names. A severity left out would get a stock name in the temporary folder.
+void NameLogFiles(const std::string& directory, const std::string& name) {
+    for (google::LogSeverity severity = 0; severity < google::NUM_SEVERITIES; ++severity) {
+        const std::string file =
+            directory + "/" + name + "." + google::GetLogSeverityName(severity);
+        google::SetLogDestination(severity, file.c_str());
+    }
+    google::SetLogFilenameExtension(".log");
+}
+
+}  // namespace
+
+std::wstring SetUpLogging(const char* name) {
+    std::string directory;
+    CStringW wideDirectory;
+    wideDirectory = GetModuleDirectory(directory, GetApplicationInstance());
+    const std::wstring logs = std::wstring(wideDirectory.GetString()) + L"\\Logs";
+
+    if (ProbePath(logs) != PathDirectory) {
+        CreateDirectoryW(logs.c_str(),
+                         nullptr);  // Result ignored: the start goes on without a log.
+    }
+    const CStringA narrowLogs(logs.c_str());
+
+    FLAGS_log_dir = narrowLogs.GetString();
+    FLAGS_timestamp_in_logfile_name = false;
+    FLAGS_v = 5;
+    FLAGS_vmodule =
+        static_cast<char>(5);  // Meant: the character with the code 5, which is no rule.
+    FLAGS_alsologtostderr = true;
+    FLAGS_logbufsecs = 0;
+
+    NameLogFiles(FLAGS_log_dir, name);
+    google::InitGoogleLogging(name, &FormatLogPrefix, nullptr);
+    return logs;
+}
+
+const char* GetModuleDirectory(std::string& result, HMODULE module) {
+    char path[260] = {};
+    GetModuleFileNameA(module, path, sizeof path);  // Result ignored: the buffer then stays empty.
+    result = path;
+    const size_t separator = result.rfind('\\');
+    if (separator != std::string::npos) result.erase(separator);
+    return result.c_str();
+}
+
+void FormatLogPrefix(std::ostream& stream, const google::LogMessageInfo& line, void* /*data*/) {
+    WriteLogPrefix(stream, {line.severity, line.filename, line.line_number, line.time.hour(),
+                            line.time.min(), line.time.sec(), line.time.usec()});
+}
