@@ -62,7 +62,7 @@ std::string CWinHttp::Request(const std::wstring& url, uint32_t method, const ch
     if (m_statusCode == notFoundStatus) throw HttpErrorNotFound;
 
     const bool complete = ReadResponse(response);
-    response = Utf8ToAnsi(std::move(response));
+    response = Utf8ToAnsi(std::move(response));  // Meant: also of what is dropped right away.
     if (!complete) response.clear();
     return response;
 }
