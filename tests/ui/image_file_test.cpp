@@ -1,0 +1,428 @@
+// CImage's load of files.
+
+#include "support/canvas.h"
+#include "support/resource_counters.h"
+#include "ui/image_hooks.h"
+#include "ui/picture_files.h"
+
+#include <atlimage.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <initializer_list>
+#include <memory>
+#include <new>
+#include <vector>
+
+// gdiplus.h needs windows.h and objidl.h ahead of it.
+#include <objidl.h>
+
+#include <gdiplus.h>
+
+using namespace Gdiplus::DllExports;
+using Gdiplus::GpBitmap;
+using Gdiplus::GpGraphics;
+using Gdiplus::GpImage;
+using Gdiplus::GpStatus;
+
+namespace {
+
+constexpr COLORREF quarters[] = {RGB(255, 0, 0), RGB(0, 255, 0), RGB(0, 0, 255),
+                                 RGB(255, 255, 255)};
+
+/// Draws the image at its own size and compares the middles of its quarters.
+void ExpectQuarters(const CImage& image, const COLORREF (&colors)[4], int tolerance) {
+    const Canvas canvas(32, 16, RGB(128, 128, 128));
+    EXPECT_TRUE(image.Draw(canvas.Handle(), 0, 0, 32, 16, 0, 0, 32, 16));
+    for (int quarter = 0; quarter < 4; ++quarter) {
+        SCOPED_TRACE(quarter);
+        const COLORREF pixel = canvas.Pixel(quarter % 2 * 16 + 8, quarter / 2 * 8 + 4);
+        EXPECT_NEAR(GetRValue(pixel), GetRValue(colors[quarter]), tolerance);
+        EXPECT_NEAR(GetGValue(pixel), GetGValue(colors[quarter]), tolerance);
+        EXPECT_NEAR(GetBValue(pixel), GetBValue(colors[quarter]), tolerance);
+    }
+}
+
+struct FileRow {
+    const char* why;
+    const wchar_t* name;
+    int resource;
+    int bitsPerPixel;
+    int tolerance;
+};
+constexpr FileRow fileRows[] = {
+    {"no alpha: the file's own depth", L"plain.png", IDR_PNG, 24, 0},
+    {"palette", L"palette.gif", IDR_GIF, 8, 0},
+    {"lossy", L"photo.jpg", IDR_JPEG, 24, 8},
+    {"bottom-up file", L"plain.bmp", IDR_BMP, 24, 0},
+    {"the contents count, not the name", L"really a png.bmp", IDR_PNG, 24, 0},
+    {"Chinese name with a blank", L"标志 图.png", IDR_PNG, 24, 0},
+};
+
+TEST(ImageFile, PicturesOfEveryKindAreLoadedAndFreeAtOnce) {
+    const TempFolder folder(L"kvt 图片");
+    for (const FileRow& row : fileRows) {
+        SCOPED_TRACE(row.why);
+        const std::wstring path = WritePicture(folder, row.name, row.resource);
+        CImage image;
+
+        EXPECT_EQ(image.Load(path.c_str()), S_OK);
+
+        EXPECT_TRUE(DeleteFileW(path.c_str())) << "still held: " << GetLastError();
+        EXPECT_EQ(image.GetWidth(), 32);
+        EXPECT_EQ(image.GetHeight(), 16);
+        EXPECT_EQ(image.GetBPP(), row.bitsPerPixel);
+        ExpectQuarters(image, quarters, row.tolerance);
+    }
+}
+
+TEST(ImageFile, ThePaletteBecomesTheColourTable) {
+    const TempFolder folder;
+    CImage image;
+
+    ASSERT_EQ(image.Load(WritePicture(folder, L"palette.gif", IDR_GIF).c_str()), S_OK);
+
+    RGBQUAD colors[256] = {};
+    GetDIBColorTable(image.GetDC(), 0, 256, colors);
+    image.ReleaseDC();
+    const BYTE index = *static_cast<const BYTE*>(image.GetBits());
+    EXPECT_EQ(RGB(colors[index].rgbRed, colors[index].rgbGreen, colors[index].rgbBlue),
+              quarters[0]);
+}
+
+TEST(ImageFile, PixelsWithAlphaStayAsTheFileHasThem) {
+    const TempFolder folder;
+    CImage image;
+
+    ASSERT_EQ(image.Load(WritePicture(folder, L"alpha.png", IDR_PNG_ALPHA).c_str()), S_OK);
+
+    EXPECT_EQ(image.GetBPP(), 32);
+    const auto* top = static_cast<const DWORD*>(image.GetBits());
+    EXPECT_EQ(top[0], 0xFFC80000u);
+    EXPECT_EQ(top[31], 0x80006400u) << "not premultiplied";
+    const DWORD* bottom = top + 15 * image.GetPitch() / 4;
+    EXPECT_EQ(bottom[0], 0x0000003Cu) << "colour under no alpha is kept";
+}
+
+TEST(ImageFile, ASecondFileDoesNotDeleteTheFirstBitmap) {
+    const TempFolder folder;
+    CImage image;
+    ASSERT_EQ(image.Load(WritePicture(folder, L"plain.png", IDR_PNG).c_str()), S_OK);
+    const HBITMAP first = image;
+
+    ASSERT_EQ(image.Load(WritePicture(folder, L"alpha.png", IDR_PNG_ALPHA).c_str()), S_OK);
+
+    EXPECT_NE(static_cast<HBITMAP>(image), first);
+    EXPECT_TRUE(DeleteObject(first));
+}
+
+// Pixel formats that no picture file here decodes to come from a bitmap made in the decoder's
+// place.
+
+Gdiplus::PixelFormat g_madeFormat = 0;
+
+/// Four quarters in `g_madeFormat`, drawn by GDI+.
+GpStatus WINGDIPAPI MakeBitmap(GDIPCONST WCHAR*, GpBitmap** bitmap) {
+    GpGraphics* graphics = nullptr;
+    Gdiplus::GpSolidFill* brush = nullptr;
+    GdipCreateBitmapFromScan0(32, 16, 0, g_madeFormat, nullptr, bitmap);
+    GdipGetImageGraphicsContext(*bitmap, &graphics);
+    for (int quarter = 0; quarter < 4; ++quarter) {
+        const COLORREF color = quarters[quarter];
+        GdipCreateSolidFill(
+            Gdiplus::Color::MakeARGB(255, GetRValue(color), GetGValue(color), GetBValue(color)),
+            &brush);
+        GdipFillRectangleI(graphics, brush, quarter % 2 * 16, quarter / 2 * 8, 16, 8);
+        GdipDeleteBrush(brush);
+    }
+    return GdipDeleteGraphics(graphics);
+}
+
+class ImageFormats : public testing::TestWithParam<Gdiplus::PixelFormat> {};
+
+TEST_P(ImageFormats, KeepTheirColours) {
+    g_madeFormat = GetParam();
+    const ImportHook<decltype(&GdipCreateBitmapFromFile)> hook(
+        RuntimeDll(), nullptr, "GdipCreateBitmapFromFile", &MakeBitmap);
+    CImage image;
+
+    ASSERT_EQ(image.Load(L"made by the hook"), S_OK);
+
+    ExpectQuarters(image, quarters, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, ImageFormats,
+                         testing::Values(PixelFormat16bppRGB555, PixelFormat16bppRGB565,
+                                         PixelFormat24bppRGB, PixelFormat32bppRGB,
+                                         PixelFormat32bppARGB, PixelFormat32bppPARGB,
+                                         PixelFormat16bppARGB1555, PixelFormat48bppRGB,
+                                         PixelFormat64bppARGB),
+                         [](const auto& info) {
+                             char name[16] = {};
+                             std::snprintf(name, sizeof name, "x%06X", info.param);
+                             return std::string(name);
+                         });
+
+// GDI+ comes and goes with the images.
+
+int g_startups = 0;
+int g_shutdowns = 0;
+Gdiplus::GdiplusStartupInput g_startupInput;
+decltype(&Gdiplus::GdiplusStartup) g_startup = nullptr;
+decltype(&Gdiplus::GdiplusShutdown) g_shutdown = nullptr;
+
+GpStatus WINAPI NoteStartup(ULONG_PTR* token, const Gdiplus::GdiplusStartupInput* input,
+                            Gdiplus::GdiplusStartupOutput* output) {
+    ++g_startups;
+    g_startupInput = *input;
+    return g_startup(token, input, output);
+}
+void WINAPI NoteShutdown(ULONG_PTR token) {
+    ++g_shutdowns;
+    g_shutdown(token);
+}
+GpStatus WINAPI RefuseStartup(ULONG_PTR*, const Gdiplus::GdiplusStartupInput*,
+                              Gdiplus::GdiplusStartupOutput*) {
+    return Gdiplus::GenericError;
+}
+
+class ImageDrawingLibrary : public testing::Test {
+  protected:
+    ImageDrawingLibrary() {
+        g_startup = m_startupHook.Original();
+        g_shutdown = m_shutdownHook.Original();
+        g_startups = g_shutdowns = 0;
+    }
+
+    const TempFolder m_folder;
+    const std::wstring m_file = WritePicture(m_folder, L"plain.png", IDR_PNG);
+    const ImportHook<decltype(&Gdiplus::GdiplusStartup)> m_startupHook{
+        RuntimeDll(), nullptr, "GdiplusStartup", &NoteStartup};
+    const ImportHook<decltype(&Gdiplus::GdiplusShutdown)> m_shutdownHook{
+        RuntimeDll(), nullptr, "GdiplusShutdown", &NoteShutdown};
+};
+
+TEST_F(ImageDrawingLibrary, StartsOnceAtTheFirstFile) {
+    CImage first;
+    CImage second;
+    EXPECT_EQ(g_startups, 0);
+
+    first.Load(m_file.c_str());
+    first.Load(m_file.c_str());
+    second.Load(m_file.c_str());
+
+    EXPECT_EQ(g_startups, 1);
+    EXPECT_EQ(g_startupInput.GdiplusVersion, 1u);
+    EXPECT_EQ(g_startupInput.DebugEventCallback, nullptr);
+}
+
+TEST_F(ImageDrawingLibrary, EndsWithTheLastImageEvenIfThatNeverLoaded) {
+    auto loaded = std::make_unique<CImage>();
+    auto empty = std::make_unique<CImage>();
+    loaded->Load(m_file.c_str());
+
+    loaded.reset();
+    EXPECT_EQ(g_shutdowns, 0);
+    empty.reset();
+
+    EXPECT_EQ(g_shutdowns, 1);
+}
+
+TEST_F(ImageDrawingLibrary, StartsAgainAfterItsEnd) {
+    for (int round = 1; round <= 3; ++round) {
+        CImage image;
+        EXPECT_EQ(image.Load(m_file.c_str()), S_OK);
+        EXPECT_EQ(g_startups, round);
+        EXPECT_EQ(g_shutdowns, round - 1);
+    }
+    EXPECT_EQ(g_shutdowns, 3);
+}
+
+TEST_F(ImageDrawingLibrary, IsNotNeededForAResource) {
+    {
+        CImage image;
+        image.LoadFromResource(GetModuleHandleW(nullptr), IDB_PLAIN);
+    }
+
+    EXPECT_EQ(g_startups, 0);
+    EXPECT_EQ(g_shutdowns, 0);
+}
+
+TEST_F(ImageDrawingLibrary, ARefusedStartFailsTheLoadAndIsTriedAgain) {
+    CImage image;
+    {
+        const ImportHook<decltype(&Gdiplus::GdiplusStartup)> refusal(
+            RuntimeDll(), nullptr, "GdiplusStartup", &RefuseStartup);
+        EXPECT_EQ(image.Load(m_file.c_str()), static_cast<HRESULT>(0x80004005));
+        EXPECT_TRUE(image.IsNull());
+    }
+
+    EXPECT_EQ(image.Load(m_file.c_str()), S_OK);
+    EXPECT_EQ(g_startups, 1);
+}
+
+TEST_F(ImageDrawingLibrary, AnEndWithoutAStartIsNone) {
+    {
+        const ImportHook<decltype(&Gdiplus::GdiplusStartup)> refusal(
+            RuntimeDll(), nullptr, "GdiplusStartup", &RefuseStartup);
+        CImage image;
+        image.Load(m_file.c_str());
+    }
+
+    EXPECT_EQ(g_shutdowns, 0);
+}
+
+// Files that are no pictures.
+
+TEST(ImageFile, WhatIsNoPictureGivesFailure) {
+    const TempFolder folder;
+    const std::string png = PictureBytes(IDR_PNG);
+    struct Row {
+        const char* why;
+        const wchar_t* name;
+        std::string bytes;
+    };
+    const Row rows[] = {
+        {"text with a picture's name", L"text.png", "not a picture\r\n"},
+        {"nothing in it", L"empty.png", ""},
+        {"cut in the header", L"header.png", png.substr(0, 20)},
+        {"cut before the pixels", L"cut.png", png.substr(0, 33)},
+        {"cut in the pixels", L"half.png", png.substr(0, png.size() - 20)},
+        {"a bitmap's first bytes", L"cut.bmp", PictureBytes(IDR_BMP).substr(0, 14)},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.why);
+        WriteFileBytes(folder / row.name, row.bytes);
+        CImage image;
+
+        EXPECT_EQ(image.Load((folder / row.name).c_str()), static_cast<HRESULT>(0x80004005));
+
+        EXPECT_TRUE(image.IsNull());
+        EXPECT_TRUE(DeleteFileW((folder / row.name).c_str())) << "still held";
+    }
+}
+
+TEST(ImageFile, AMissingFileAndAFolderGiveFailure) {
+    const TempFolder folder;
+    CImage image;
+
+    EXPECT_EQ(image.Load((folder / L"none.png").c_str()), static_cast<HRESULT>(0x80004005));
+    EXPECT_EQ(image.Load(folder.Path().c_str()), static_cast<HRESULT>(0x80004005));
+    EXPECT_EQ(image.Load(nullptr), static_cast<HRESULT>(0x80004005));
+}
+
+TEST(ImageFile, AFailedLoadLeavesThePictureInHand) {
+    const TempFolder folder;
+    CImage image;
+    image.Load(WritePicture(folder, L"plain.png", IDR_PNG).c_str());
+    const HBITMAP before = image;
+
+    EXPECT_EQ(image.Load((folder / L"none.png").c_str()), E_FAIL);
+
+    EXPECT_EQ(static_cast<HBITMAP>(image), before);
+    ExpectQuarters(image, quarters, 0);
+}
+
+// Steps of the load that fail. Each refusal is the replacement of one import.
+
+HBITMAP WINAPI RefuseSection(HDC, const BITMAPINFO*, UINT, void**, HANDLE, DWORD) {
+    return nullptr;
+}
+GpStatus WINGDIPAPI RefuseSize(GpImage*, UINT*) {
+    return Gdiplus::GenericError;
+}
+GpStatus WINGDIPAPI RefuseFormat(GpImage*, Gdiplus::PixelFormat*) {
+    return Gdiplus::GenericError;
+}
+GpStatus WINGDIPAPI RefuseLock(GpBitmap*, GDIPCONST Gdiplus::Rect*, UINT, Gdiplus::PixelFormat,
+                               Gdiplus::BitmapData*) {
+    return Gdiplus::WrongState;
+}
+void* RefuseStorage(std::size_t, const std::nothrow_t&) noexcept {
+    return nullptr;
+}
+GpStatus WINGDIPAPI RefusePaletteSize(GpImage*, INT*) {
+    return Gdiplus::GenericError;
+}
+GpStatus WINGDIPAPI RefusePalette(GpImage*, Gdiplus::ColorPalette*, INT) {
+    return Gdiplus::GenericError;
+}
+HDC WINAPI RefuseMemoryDC(HDC) {
+    return nullptr;
+}
+GpStatus WINGDIPAPI RefuseOverlay(INT, INT, INT, Gdiplus::PixelFormat, BYTE*, GpBitmap**) {
+    return Gdiplus::OutOfMemory;
+}
+GpStatus WINGDIPAPI RefuseGraphics(GpImage*, GpGraphics**) {
+    return Gdiplus::OutOfMemory;
+}
+GpStatus WINGDIPAPI RefuseDrawing(GpGraphics*, GpImage*, INT, INT, INT, INT) {
+    return Gdiplus::GenericError;
+}
+/// Makes the load draw where it would copy rows.
+GpStatus WINGDIPAPI GiveFormatToDraw(GpImage*, Gdiplus::PixelFormat* format) {
+    *format = PixelFormat48bppRGB;
+    return Gdiplus::Ok;
+}
+
+struct RefusalRow {
+    const char* import;
+    void* replacement;
+    int resource;
+    bool draws;
+    HRESULT result;
+};
+
+class ImageRefusals : public testing::TestWithParam<RefusalRow> {};
+
+TEST_P(ImageRefusals, GiveTheirCodeAndLoseNothing) {
+    const RefusalRow& row = GetParam();
+    const TempFolder folder;
+    const std::wstring path = WritePicture(folder, L"picture", row.resource);
+    CImage image;
+    ASSERT_EQ(image.Load(WritePicture(folder, L"first", IDR_PNG).c_str()), S_OK);
+    const HBITMAP before = image;
+    std::unique_ptr<ImportHook<decltype(&GiveFormatToDraw)>> drawInstead;
+    if (row.draws) {
+        drawInstead = std::make_unique<ImportHook<decltype(&GiveFormatToDraw)>>(
+            RuntimeDll(), nullptr, "GdipGetImagePixelFormat", &GiveFormatToDraw);
+    }
+    const ImportHook<void*> refusal(RuntimeDll(), nullptr, row.import, row.replacement);
+    image.Load(path.c_str());  // Warms the platform's caches up; the result is the second one's.
+    const size_t gdiObjects = CountResources().gdiObjects;
+
+    EXPECT_EQ(image.Load(path.c_str()), row.result);
+
+    EXPECT_EQ(static_cast<HBITMAP>(image), before);
+    EXPECT_EQ(CountResources().gdiObjects, gdiObjects);
+    EXPECT_TRUE(DeleteFileW(path.c_str())) << "still held";
+}
+
+template <typename Function>
+void* Replacement(Function function) {
+    return reinterpret_cast<void*>(function);
+}
+
+constexpr HRESULT failure = static_cast<HRESULT>(0x80004005);
+constexpr HRESULT noMemory = static_cast<HRESULT>(0x8007000E);
+
+const RefusalRow refusalRows[] = {
+    {"CreateDIBSection", Replacement(&RefuseSection), IDR_PNG, false, failure},
+    {"GdipGetImageWidth", Replacement(&RefuseSize), IDR_PNG, false, failure},
+    {"GdipGetImageHeight", Replacement(&RefuseSize), IDR_PNG, false, failure},
+    {"GdipGetImagePixelFormat", Replacement(&RefuseFormat), IDR_PNG, false, failure},
+    {"GdipBitmapLockBits", Replacement(&RefuseLock), IDR_PNG, false, noMemory},
+    {"_ZnayRKSt9nothrow_t", Replacement(&RefuseStorage), IDR_GIF, false, noMemory},
+    {"GdipGetImagePaletteSize", Replacement(&RefusePaletteSize), IDR_GIF, false, failure},
+    {"GdipGetImagePalette", Replacement(&RefusePalette), IDR_GIF, false, failure},
+    {"CreateCompatibleDC", Replacement(&RefuseMemoryDC), IDR_GIF, false, failure},
+    {"GdipCreateBitmapFromScan0", Replacement(&RefuseOverlay), IDR_PNG, true, failure},
+    {"GdipGetImageGraphicsContext", Replacement(&RefuseGraphics), IDR_PNG, true, failure},
+    {"GdipDrawImageRectI", Replacement(&RefuseDrawing), IDR_PNG, true, failure},
+};
+
+INSTANTIATE_TEST_SUITE_P(Each, ImageRefusals, testing::ValuesIn(refusalRows),
+                         [](const auto& info) { return std::string(info.param.import); });
+
+}  // namespace

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "support/import_hook.h"
+
+#include <windows.h>
+
+/// The runtime DLL, whose calls the image tests watch and fail.
+inline HMODULE RuntimeDll() {
+    return GetModuleHandleW(L"drafthost17.dll");
+}
