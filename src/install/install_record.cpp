@@ -1,0 +1,5 @@
+#include "install/install_record.h"
+
+std::wstring GetInstallLocation() {
+    return InstallLocation;
+}
