@@ -6,29 +6,43 @@
 
 namespace drafthost {
 
-/// What a LISP function throws; the evaluator turns it into an outcome, and a host's callbacks may
-/// throw it too. No std::exception, so that a module's exceptions aren't mistaken for it.
+/// What a LISP function throws; the evaluator turns it into an outcome. A host's callbacks may
+/// throw it too. No std::exception, so that a module's own exceptions aren't mistaken for it.
 class LispError {
   public:
+    enum class Cause {
+        Failure,
+        Exit,         ///< `exit` or `quit`
+        Interruption  ///< passes through `vl-catch-all-apply`
+    };
+
+    /// Who tells the user; settled where the error leaves the innermost function.
+    enum class Teller {
+        Undecided,
+        Host,
+        ErrorFunction  ///< `*error*` got the message already
+    };
+
     /// `message` without the "; error: " ahead of it.
-    explicit LispError(std::wstring message) : m_message(std::move(message)) {}
+    explicit LispError(std::wstring message, Cause cause = Cause::Failure)
+        : message(std::move(message)), cause(cause) {}
 
-    const std::wstring& Message() const { return m_message; }
-
-    /// True once `*error*` was called for it, so that no outer function does so again.
-    bool m_handled = false;
-    /// An interruption ends the evaluation; `vl-catch-all-apply` lets it through.
-    bool m_interruption = false;
-
-  private:
-    std::wstring m_message;
+    std::wstring message;
+    Cause cause;
+    Teller teller = Teller::Undecided;
 };
 
-/// "bad argument type: EXPECTED VALUE", the value as `prin1` writes it. Tests for numbers have a
-/// colon of their own, as in "numberp:".
+/// "bad argument type: EXPECTED VALUE", the value as `prin1` writes it. Names of tests for numbers
+/// carry a colon, as in "numberp:".
 LispError BadArgumentType(const wchar_t* expected, const LispValue& value);
 
 /// "bad argument value: EXPECTED VALUE"
 LispError BadArgumentValue(const wchar_t* expected, const LispValue& value);
+
+LispError TooFewArguments();
+LispError TooManyArguments();
+
+/// What a user's own cancelling gives, at a prompt too.
+LispError FunctionCancelled(LispError::Cause cause);
 
 }  // namespace drafthost

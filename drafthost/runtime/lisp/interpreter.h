@@ -1,6 +1,7 @@
 #pragma once
 
 #include "runtime/lisp/host.h"
+#include "runtime/lisp/printer.h"
 #include "runtime/lisp/value.h"
 
 #include <memory>
@@ -73,15 +74,8 @@ class LispInterpreter {
     std::unique_ptr<LispEvaluator> m_evaluator;
 };
 
-/// The text of `value` as `prin1` writes it, which is what a prompt shows: strings in quotes.
-/// Empty for the symbol that `(princ)` gives. Throws LispError when it is nested too deep.
-std::wstring LispPrin1(const LispValue& value);
-
-/// As `princ` writes it: strings as they are.
-std::wstring LispPrinc(const LispValue& value);
-
 /// Whether `text` ends within a list, string, comment or quotation, so that a prompt should ask for
-/// another line.
+/// another line. False for a text that is wrong ahead of its end.
 bool IsLispTextUnfinished(const std::wstring& text);
 
 }  // namespace drafthost

@@ -1,7 +1,9 @@
 #include "runtime/lisp/value.h"
 
 #include "runtime/lisp/cells.h"
+#include "runtime/lisp/error.h"
 
+#include <algorithm>
 #include <atomic>
 #include <utility>
 
@@ -9,7 +11,17 @@ namespace drafthost {
 
 namespace {
 
+constexpr std::size_t mostCells = 5000000;
+constexpr std::size_t mostLetters = 4 * 1024 * 1024;
+
 std::atomic<std::size_t> g_liveCells{0};
+std::atomic<std::size_t> g_cellLimit{mostCells};
+
+void CheckCellLimit() {
+    if (LiveLispCells() >= g_cellLimit.load(std::memory_order_relaxed)) {
+        throw LispError(L"insufficient node space");
+    }
+}
 
 bool HasCell(LispKind kind) {
     return kind != LispKind::Nil && kind != LispKind::True && kind != LispKind::Integer &&
@@ -20,6 +32,10 @@ bool HasCell(LispKind kind) {
 
 std::size_t LiveLispCells() {
     return g_liveCells.load(std::memory_order_relaxed);
+}
+
+void EnsureLispCells(std::size_t count) {
+    g_cellLimit = std::max(mostCells, LiveLispCells() + count);
 }
 
 LispCell::LispCell() {
@@ -109,10 +125,13 @@ LispValue LispValue::Real(double real) {
 }
 
 LispValue LispValue::String(std::wstring text) {
+    if (text.size() > mostLetters) throw LispError(L"insufficient string space");
+    CheckCellLimit();
     return OfNewCell(LispKind::String, new StringCell(std::move(text)));
 }
 
 LispValue LispValue::Cons(LispValue car, LispValue cdr) {
+    CheckCellLimit();
     return OfNewCell(LispKind::Cons, new ConsCell(std::move(car), std::move(cdr)));
 }
 

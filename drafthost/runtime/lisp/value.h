@@ -29,6 +29,8 @@ enum class LispKind {
 /// Pairs and strings can't be changed once made, so values form no cycles but those through a
 /// symbol's value, and the interpreter cuts these at its end. Cells are counted without locks: the
 /// values of one interpreter are for one thread at a time. A value may outlive its interpreter.
+///
+/// `String`, `Cons` and `List` throw LispError when there are too many cells or letters.
 class LispValue {
   public:
     LispValue() = default;  ///< nil
@@ -41,7 +43,7 @@ class LispValue {
     static LispValue Boolean(bool isTrue);  ///< T or nil
     static LispValue Integer(std::int32_t integer);
     static LispValue Real(double real);
-    static LispValue String(std::wstring text);
+    static LispValue String(std::wstring text);  ///< up to four million letters
     static LispValue Cons(LispValue car, LispValue cdr);
     static LispValue List(const std::vector<LispValue>& items);
     /// With `tail` behind the items; what is no list makes the last pair a dotted one.
@@ -89,7 +91,11 @@ class LispValue {
 };
 
 /// How many strings, symbols, pairs and functions exist in the process: what a test for leaks
-/// compares, and what keeps a runaway program from taking all memory.
+/// compares. Beyond five million no more strings and pairs are made, so that a runaway program
+/// doesn't take all memory.
 std::size_t LiveLispCells();
+
+/// Lets that many more strings and pairs be made, even if the bound has to rise for it.
+void EnsureLispCells(std::size_t count);
 
 }  // namespace drafthost

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+namespace drafthost {
+
+/// How `rtos` writes a length; the numbers are its mode argument.
+enum class LispUnits {
+    Scientific = 1,     ///< 1.75E+01
+    Decimal = 2,        ///< 17.50
+    Engineering = 3,    ///< 1'-5.50", the number being inches
+    Architectural = 4,  ///< 1'-5 1/2"
+    Fractional = 5      ///< 17 1/2
+};
+
+/// `precision` is the number of digits behind the point, for the last two the power of two that the
+/// smallest fraction has below its bar. From 0 to 8; what is beyond counts as the end of the range.
+/// Zeros at the end stay. Numbers beyond 1e12 have no feet and fractions: they are written as
+/// decimal.
+std::wstring FormatUnits(double number, LispUnits units, int precision);
+
+}  // namespace drafthost
