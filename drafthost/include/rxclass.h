@@ -24,7 +24,7 @@ class DRAFTHOST_API AcRxClass : public AcRxObject {
     bool isDerivedFrom(const AcRxClass* other) const;
 
   private:
-    friend void acrxBuildClassHierarchy();
+    friend struct AcRxClassAccess;
 
     struct Data;
     Data* m_data;

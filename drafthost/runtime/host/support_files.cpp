@@ -1,0 +1,36 @@
+#include "runtime/host/support_files.h"
+
+#include "runtime/host/full_path.h"
+#include "runtime/host/search_path.h"
+#include "runtime/host/services.h"
+
+#include "runtime/control.h"
+
+#include <windows.h>
+
+namespace drafthost {
+
+namespace {
+
+bool IsFile(const std::wstring& path) {
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+}  // namespace
+
+std::optional<std::wstring> FindSupportFile(const std::wstring& name,
+                                            const std::wstring& extension) {
+    if (name.empty()) return {};
+    const Services* services = HostServices();
+    const Document* document = services == nullptr ? nullptr : services->documents.Current();
+    const std::wstring drawingFolder = document == nullptr ? L"" : document->Folder();
+    const std::wstring path = WithBackslashes(name);
+    for (const std::wstring& candidate :
+         SearchCandidates(path, drawingFolder, GetSetting(L"ACAD").value_or(L""))) {
+        if (IsFile(candidate)) return FullPath(candidate);
+    }
+    return extension.empty() ? std::nullopt : FindSupportFile(name + extension);
+}
+
+}  // namespace drafthost
