@@ -1,0 +1,134 @@
+// The client against a server that misbehaves. Where Windows may answer otherwise than Wine, the
+// test says what was seen under Wine 8.
+
+#include "http/exchange.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using testing::EndsWith;
+using testing::StartsWith;
+
+namespace {
+
+constexpr uint32_t shortTimeout = 500;  // Milliseconds.
+
+/// No response: the request fails ahead of its status.
+void ExpectNoResponse(const Outcome& outcome) {
+    EXPECT_EQ(outcome.body, "");
+    EXPECT_EQ(outcome.error, HttpErrorRequest);
+    EXPECT_EQ(outcome.status, 0u);
+}
+
+/// A response that is taken for a success.
+void ExpectBody(const Outcome& outcome, const std::string& body) {
+    EXPECT_EQ(outcome.body, body);
+    EXPECT_EQ(outcome.error, HttpErrorNone);
+    EXPECT_EQ(outcome.status, 200u);
+}
+
+}  // namespace
+
+TEST(HostileServer, ClosesAheadOfTheStatusLine) {
+    ExpectNoResponse(Get(HostileUrl(L"/close-before-status")));
+    ExpectNoResponse(Get(HostileUrl(L"/close-in-status")));
+}
+
+TEST(HostileServer, ClosesInTheHeaders) {
+    // Wine takes the headers that came for all of them.
+    ExpectBody(Get(HostileUrl(L"/close-in-headers")), "");
+}
+
+TEST(HostileServer, ClosesInTheBody) {
+    // The platform takes the close for the end, also short of the length that was announced.
+    ExpectBody(Get(HostileUrl(L"/close-in-body")), "0123456789");
+    ExpectBody(Get(HostileUrl(L"/close-in-chunk")), "0123456789");
+}
+
+TEST(HostileServer, BreaksTheBodyOff) {
+    // Not to be told from an empty body.
+    ExpectBody(Get(HostileUrl(L"/reset-in-body")), "");
+    ExpectBody(Get(HostileUrl(L"/bad-chunk-size")), "");
+    ExpectBody(Get(HostileUrl(L"/empty")), "");
+}
+
+TEST(HostileServer, SendsMoreThanAnnounced) {
+    const Outcome outcome = Get(HostileUrl(L"/longer-than-told"));
+
+    // Wine hands on what came in the same packet.
+    EXPECT_THAT(outcome.body, StartsWith("01234"));
+    EXPECT_EQ(outcome.error, HttpErrorNone);
+    EXPECT_EQ(Get(HostileUrl(L"/negative-length")).error, HttpErrorNone);
+}
+
+TEST(HostileServer, AcceptsAndNeverAnswers) {
+    // Wine's receive time-out doesn't bound the wait for headers: the server gives up at last.
+    ExpectNoResponse(Get(HostileUrl(L"/silent"), nullptr, shortTimeout));
+}
+
+TEST(HostileServer, FallsSilentInTheBody) {
+    // The receive time-out bounds this wait, and the body counts as broken off.
+    ExpectBody(Get(HostileUrl(L"/silent-in-body"), nullptr, shortTimeout), "");
+}
+
+TEST(HostileServer, DripsAByteASecond) {
+    // Each wait is below the time-out; the whole is not bounded.
+    ExpectBody(Get(HostileUrl(L"/drip"), nullptr, 2500), "abc");
+    ExpectBody(Get(HostileUrl(L"/drip-head"), nullptr, 2500), "abc");
+}
+
+TEST(HostileServer, DripsSlowerThanTheTimeout) {
+    ExpectBody(Get(HostileUrl(L"/drip"), nullptr, shortTimeout), "");
+}
+
+TEST(HostileServer, SendsHugeHeaders) {
+    ExpectBody(Get(HostileUrl(L"/big-header")), "body");
+    ExpectBody(Get(HostileUrl(L"/many-headers")), "body");
+}
+
+TEST(HostileServer, SendsAGarbageStatusLine) {
+    ExpectNoResponse(Get(HostileUrl(L"/garbage-status")));
+    ExpectNoResponse(Get(HostileUrl(L"/status-without-number")));
+}
+
+TEST(HostileServer, SendsText) {
+    ExpectBody(Get(HostileUrl(L"/chinese")), "中文正文");
+    ExpectBody(Get(HostileUrl(L"/nul-in-body")), "before");
+    ExpectBody(Get(HostileUrl(L"/invalid-utf8")), "a?b?c?");
+    ExpectBody(Get(HostileUrl(L"/not-in-936")), "[?][??]");
+}
+
+TEST(HostileServer, SeesTheRequestToTheByte) {
+    const std::wstring port = ServerSetting(L"KVT_HOSTILE_PORT");
+    const std::string host = "Host: 127.0.0.1:" + std::string(port.begin(), port.end()) + "\r\n";
+
+    EXPECT_EQ(Get(HostileUrl(L"/echo?q=%41 文#f")).body,
+              "GET /echo?q=%41%20%E6%96%87%23f HTTP/1.1\r\n"
+              "User-Agent: Microsoft Internet Explorer\r\n" +
+                  host + "Connection: Keep-Alive\r\n\r\n");
+}
+
+TEST(HostileServer, GetsTheBodyUpToItsNul) {
+    const std::string request = Post(HostileUrl(L"/echo"), "before\0behind").body;
+
+    EXPECT_THAT(request, EndsWith("\r\n\r\nbefore"));
+    EXPECT_THAT(request, testing::HasSubstr("Content-Length: 6\r\n"));
+}
+
+TEST(HostileServer, IsReachedByName) {
+    const std::wstring url = L"http://localhost:" + ServerSetting(L"KVT_HOSTILE_PORT");
+
+    ExpectBody(Get(url + L"/chinese"), "中文正文");
+}
+
+TEST(HostileServer, IsNotThere) {
+    // A connection handle goes nowhere yet, so a refused connection is a failure of the sending.
+    const Outcome outcome = Get(L"http://127.0.0.1:1/");
+
+    EXPECT_EQ(outcome.body, "");
+    EXPECT_EQ(outcome.error, HttpErrorSend);
+}
+
+TEST(HostileServer, IsNotGivenHeadersThatAreNone) {
+    EXPECT_EQ(Get(HostileUrl(L"/echo"), L"no colon").error, HttpErrorSend);
+}
