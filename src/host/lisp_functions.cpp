@@ -1,0 +1,36 @@
+#include "host/lisp_functions.h"
+
+#include "host/resource_name.h"
+
+#include <acedads.h>
+
+void DefineLispFunctions(SlotRange<AdsSymbolEntry> table, HINSTANCE instance) {
+    int code = 0;
+    for (const AdsSymbolEntry& row : table) {
+        const ResourceName name(row.name, instance, row.nameId);
+        // Results ignored: a refused name stops nothing.
+        acedDefun(name.Text(), static_cast<short>(code));
+        if (row.regFunc) acedRegFunc(row.function, code);
+        ++code;
+    }
+}
+
+void UndefineLispFunctions(SlotRange<AdsSymbolEntry> table, HINSTANCE instance) {
+    int code = 0;
+    for (const AdsSymbolEntry& row : table) {
+        const ResourceName name(row.name, instance, row.nameId);
+        // Result ignored: what wasn't defined needs no undoing.
+        acedUndef(name.Text(), static_cast<short>(code));
+        ++code;
+    }
+}
+
+void InvokeLispFunction(SlotRange<AdsSymbolEntry> table) {
+    const int called = acedGetFunCode();
+    int code = 0;
+    for (const AdsSymbolEntry& row : table) {
+        if (code++ != called) continue;
+        row.function();  // Result ignored: the function has given LISP its value itself.
+        return;
+    }
+}
