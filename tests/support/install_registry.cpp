@@ -73,7 +73,7 @@ void InstallRegistry::SetVersion(const std::wstring& version) {
     StoreText(KEY_WOW64_32KEY, L"Version", version);
 }
 
-void InstallRegistry::SetValue(const wchar_t* name, DWORD type, const std::string& bytes) {
+void InstallRegistry::SetValue(const wchar_t* name, DWORD type, std::string_view bytes) {
     StoreValue(KEY_WOW64_32KEY, name, type, bytes.data(), bytes.size());
 }
 

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// The installation's key in the real registry, 32-bit view: gone at the start, as it was before at
@@ -21,7 +22,7 @@ class InstallRegistry {
 
     /// Stores `bytes` under `name`. Of a string type, the system adds an uncounted terminator
     /// unless the memory behind the bytes holds a character.
-    void SetValue(const wchar_t* name, DWORD type, const std::string& bytes);
+    void SetValue(const wchar_t* name, DWORD type, std::string_view bytes);
 
     /// As `SetLocation`, but in the 64-bit view, where the module doesn't look. Undone at
     /// the end when there was no key.
