@@ -19,9 +19,14 @@ DRAFTHOST_API BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, HMODULE m
 /// published second argument; zero leaves other modules' objects alone.
 DRAFTHOST_API void AfxTermExtensionModule(AFX_EXTENSION_MODULE& state, BOOL all = FALSE);
 
-/// The module in which resources are looked for first.
+/// The module in which resources are looked for first; the program while none is set.
 DRAFTHOST_API HINSTANCE AfxGetResourceHandle();
 DRAFTHOST_API void AfxSetResourceHandle(HINSTANCE handle);
+
+/// The module that holds the resource: the one set as resource handle, else the newest extension
+/// module that has it, else the program (also where the program is what was set). With none, what `AfxGetResourceHandle` gives. `name` and
+/// `type` as for FindResourceW.
+DRAFTHOST_API HINSTANCE AfxFindResourceHandle(LPCWSTR name, LPCWSTR type);
 
 /// Puts an extension module into the chain of modules that are searched for resources. Made with
 /// `new` and left alone: `AfxTermExtensionModule` deletes it.

@@ -144,6 +144,8 @@ class DRAFTHOST_API CWnd : public CCmdTarget {
     int GetWindowText(LPTSTR text, int size) const { return ::GetWindowText(m_hWnd, text, size); }
     void GetWindowText(CString& text) const;
     int GetWindowTextLength() const { return ::GetWindowTextLength(m_hWnd); }
+    /// Over the owner, or in the middle of the primary screen's work area.
+    void CenterWindow();
     BOOL ShowWindow(int show) { return ::ShowWindow(m_hWnd, show); }
     BOOL IsWindowVisible() const { return ::IsWindowVisible(m_hWnd); }
     BOOL EnableWindow(BOOL enable = TRUE) { return ::EnableWindow(m_hWnd, enable); }
@@ -243,3 +245,5 @@ class DRAFTHOST_API CButton : public CWnd {
 /// name stays valid. Throws `CNotSupportedException*` when the class can't be registered.
 DRAFTHOST_API LPCTSTR AfxRegisterWndClass(UINT classStyle, HCURSOR cursor = nullptr,
                                           HBRUSH background = nullptr, HICON icon = nullptr);
+
+#include "afxwin_dialog.h"

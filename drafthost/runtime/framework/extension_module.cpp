@@ -11,7 +11,7 @@ std::vector<CDynLinkLibrary*>& Chain() {
     return chain;
 }
 
-HINSTANCE g_resourceHandle = nullptr;
+HINSTANCE g_resourceHandle = nullptr;  // Null: the program.
 
 }  // namespace
 
@@ -37,7 +37,21 @@ HINSTANCE AfxGetResourceHandle() {
 }
 
 void AfxSetResourceHandle(HINSTANCE handle) {
-    g_resourceHandle = handle;
+    g_resourceHandle = handle == GetModuleHandleW(nullptr) ? nullptr : handle;
+}
+
+HINSTANCE AfxFindResourceHandle(LPCWSTR name, LPCWSTR type) {
+    if (g_resourceHandle != nullptr && FindResourceW(g_resourceHandle, name, type) != nullptr) {
+        return g_resourceHandle;
+    }
+    for (const CDynLinkLibrary* library : Chain()) {
+        if (library->m_hResource != nullptr &&
+            FindResourceW(library->m_hResource, name, type) != nullptr) {
+            return library->m_hResource;
+        }
+    }
+    const HMODULE program = GetModuleHandleW(nullptr);
+    return FindResourceW(program, name, type) != nullptr ? program : AfxGetResourceHandle();
 }
 
 CDynLinkLibrary::CDynLinkLibrary(AFX_EXTENSION_MODULE& state, BOOL system)

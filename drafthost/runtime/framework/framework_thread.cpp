@@ -60,10 +60,14 @@ LRESULT CFrameworkThread::DispatchGuarded(CWnd* window, const MSG& message) {
     try {
         return window->WindowProc(message.message, message.wParam, message.lParam);
     } catch (...) {
-        if (m_carriers == 0) std::terminate();
-        if (m_exception == nullptr) m_exception = std::current_exception();
+        KeepException();
         return 0;
     }
+}
+
+void CFrameworkThread::KeepException() {
+    if (m_carriers == 0) std::terminate();
+    if (m_exception == nullptr) m_exception = std::current_exception();
 }
 
 TemporaryScope::TemporaryScope(CFrameworkThread& thread)

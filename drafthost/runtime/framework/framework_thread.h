@@ -25,12 +25,16 @@ class CFrameworkThread {
     /// The handling of a message by its window's object, with everything that surrounds it.
     LRESULT Dispatch(CWnd* window, const MSG& message);
 
+    /// In a catch clause at the border to USER: keeps the exception for the innermost carrier. An
+    /// earlier one that still waits wins. Without a carrier the process ends.
+    void KeepException();
+
     MSG m_message = {};                    ///< the message being handled
     int m_scopes = 0;                      ///< messages and loop rounds under way
     int m_carriers = 0;                    ///< `ExceptionCarrier`s under way
     std::exception_ptr m_exception;        ///< waits for the innermost carrier
     WindowCreation* m_creation = nullptr;  ///< the innermost
-    std::vector<HWND> m_modalDialogs;      ///< the innermost last
+    std::vector<CWnd*> m_modalDialogs;      ///< the innermost last
 
   private:
     LRESULT DispatchGuarded(CWnd* window, const MSG& message);

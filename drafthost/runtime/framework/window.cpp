@@ -106,6 +106,20 @@ void CWnd::GetWindowText(CString& text) const {
     text = buffer.c_str();
 }
 
+void CWnd::CenterWindow() {
+    RECT around = {};
+    const HWND owner = ::GetWindow(m_hWnd, GW_OWNER);
+    if (owner == nullptr || !::IsWindowVisible(owner) || IsIconic(owner) ||
+        !::GetWindowRect(owner, &around)) {
+        SystemParametersInfoW(SPI_GETWORKAREA, 0, &around, 0);
+    }
+    CRect own;
+    GetWindowRect(own);
+    const int x = (around.left + around.right - own.Width()) / 2;
+    const int y = (around.top + around.bottom - own.Height()) / 2;
+    SetWindowPos(nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 void CWnd::OnNcDestroy() {
     Default();
     UnsubclassWindow();

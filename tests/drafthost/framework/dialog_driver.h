@@ -1,0 +1,37 @@
+#pragma once
+
+#include "drafthost/runtime/framework/dialog_watch.h"
+
+#include <functional>
+#include <vector>
+
+/// Does what a person would: for its life, each modal dialog that stands painted is handed to the
+/// next action in turn. A dialog beyond the last action is told to cancel, so that no test hangs.
+class DialogDriver : public ModalDialogWatch {
+  public:
+    using Action = std::function<void(HWND dialog)>;
+
+    explicit DialogDriver(std::vector<Action> actions);
+    DialogDriver(const DialogDriver&) = delete;
+    DialogDriver& operator=(const DialogDriver&) = delete;
+    ~DialogDriver() override;
+
+    void OnOpening() override { ++m_opened; }
+    void OnPainted(HWND dialog) override;
+    void OnClosed() override { ++m_closed; }
+
+    int m_opened = 0;
+    int m_painted = 0;
+    int m_closed = 0;
+
+  private:
+    std::vector<Action> m_actions;
+    ModalDialogWatch* m_before;
+};
+
+/// Actions.
+void ClickOk(HWND dialog);
+void ClickCancel(HWND dialog);
+void ClickCloseBox(HWND dialog);
+/// The key goes to the dialog's focused control, else to the dialog itself.
+DialogDriver::Action PressKey(WPARAM key);
