@@ -1,6 +1,6 @@
 # The front door. Every target sets up what it needs by itself.
 .DEFAULT_GOAL := help
-.PHONY: help setup build run shell test format format-check lint clean
+.PHONY: help setup programs build run shell test format format-check lint bench clean
 
 help: ## This list
 	@awk -F ':.*## ' '/^[a-z-]+:.*## / { printf "  make %-13s %s\n", $$1, $$2 }' $(MAKEFILE_LIST)
@@ -10,16 +10,20 @@ setup: ## Packages, cross-built libraries and the Wine prefix
 	@tools/setup-dependencies
 	@tools/setup-prefix
 
+# Only what `make run` needs.
+programs: setup
+	@tools/build drafthost KVTCAD
+
 build: setup ## Cross-build the module, the stand-in host and the tests
 	@tools/build
 
 test: build ## Run every test
 	@tools/wine-session ctest --preset drafthost
 
-run: build ## Start drafthost with the module and the demo installation; DAMAGED=1 breaks its config.xml first
+run: programs ## Start drafthost with the module and the demo installation; DAMAGED=1 breaks its config.xml first
 	@tools/run-demo $(if $(DAMAGED),--damaged-config)
 
-shell: build ## The same, and stay at the prompt
+shell: programs ## The same, and stay at the prompt
 	@tools/run-demo --shell
 
 format: ## Lay out the sources by .clang-format
@@ -31,7 +35,13 @@ format-check: ## Say which sources are not laid out by .clang-format
 	@tools/format --check
 
 lint: build ## clang-tidy over every source
+	@tools/setup-dependencies bench
+	@cmake --preset drafthost -DKVT_BENCH=ON >build/logs/configure-bench.log
 	@tools/lint
+
+bench: setup ## Time our code beside the bare calls; the table goes to build/bench
+	@tools/setup-dependencies bench
+	@tools/run-bench
 
 clean: ## Remove what was compiled; keeps libraries and the Wine prefix
 	@rm -rf build/drafthost

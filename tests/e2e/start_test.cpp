@@ -1,0 +1,229 @@
+// The module's start, seen from outside: the built KVTCAD.arx in drafthost.
+
+#include "e2e/installation.h"
+
+#include <gtest/gtest.h>
+
+#include <windows.h>
+
+#include <filesystem>
+
+namespace {
+
+const std::wstring stars(55, L'*');
+const std::wstring refusal = L"\n《KVT CAD辅助设计软件》可能没有正确安装";
+constexpr unsigned long refusedExitCode = 4;
+
+/// Holds a file open without sharing, so that nobody else can open it at all.
+class LockedFile {
+  public:
+    explicit LockedFile(const std::wstring& path)
+        : m_file(CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS,
+                             FILE_ATTRIBUTE_NORMAL, nullptr)) {}
+    LockedFile(const LockedFile&) = delete;
+    LockedFile& operator=(const LockedFile&) = delete;
+    ~LockedFile() { CloseHandle(m_file); }
+
+  private:
+    HANDLE m_file;
+};
+
+/// A drive letter for a folder, so that a path with no drive lands where the test can look.
+class OwnDrive {
+  public:
+    explicit OwnDrive(const std::wstring& folder) : m_folder(folder) {
+        DefineDosDeviceW(0, L"R:", m_folder.c_str());
+    }
+    OwnDrive(const OwnDrive&) = delete;
+    OwnDrive& operator=(const OwnDrive&) = delete;
+    ~OwnDrive() { DefineDosDeviceW(DDD_REMOVE_DEFINITION, L"R:", m_folder.c_str()); }
+
+  private:
+    std::wstring m_folder;
+};
+
+void ExpectRefused(const HostRun& run) {
+    EXPECT_EQ(run.exitCode, refusedExitCode);
+    EXPECT_EQ(Occurrences(run.console, refusal), 1u) << "console without the refusal";
+    EXPECT_EQ(run.console.find(stars), std::wstring::npos) << "a banner was printed";
+}
+
+void ExpectStarted(const HostRun& run) {
+    EXPECT_EQ(run.exitCode, 0u);
+    EXPECT_EQ(Occurrences(run.console, L"\n欢迎使用《KVT CAD辅助设计软件》"), 1u);
+    EXPECT_EQ(run.console.find(refusal), std::wstring::npos) << "the start was refused";
+}
+
+}  // namespace
+
+TEST(Start, PrintsTheBannerOnceAndNeverAtADrawing) {
+    Installation installation;
+
+    const HostRun run =
+        installation.Run({installation.FirstDrawing(), installation.SecondDrawing()});
+
+    ExpectStarted(run);
+    EXPECT_EQ(Occurrences(run.console, L"\n" + stars + L"\n欢迎使用《KVT CAD辅助设计软件》2026.1 \n"
+                                                       L"官方网站:"),
+              1u);
+    EXPECT_EQ(Occurrences(run.console, L"\n技术支持:"), 1u);
+    EXPECT_EQ(Occurrences(run.console, L"\n\n" + stars), 1u);
+    EXPECT_EQ(Occurrences(run.console, L"[application in "), 2u);
+}
+
+TEST(Start, IsRefusedWithoutLocation) {
+    Installation installation;
+    installation.Registry().CreateKey();
+    installation.Registry().SetVersion(L"2026.1");
+    OwnDrive drive(installation.Folder());
+
+    const HostRun run = installation.Run({}, {}, L"R:\\");
+
+    ExpectRefused(run);
+}
+
+TEST(Start, WithoutLocationStillLoadsAndWritesConfigAtTheDrivesRoot) {
+    Installation installation;
+    installation.Registry().CreateKey();
+    installation.Registry().SetVersion(L"2026.1");
+    OwnDrive drive(installation.Folder());
+
+    installation.Run({}, {}, L"R:\\");
+
+    EXPECT_NE(ReadFileBytes(installation.Folder() + L"\\config.xml").find("<Config"),
+              std::string::npos);
+}
+
+TEST(Start, WithoutLocationLogsTheTwoFixedTextsWithNothingBetween) {
+    Installation installation;
+    installation.Registry().CreateKey();
+    installation.Registry().SetVersion(L"2026.1");
+    WriteFileBytes(installation.Folder() + L"\\config.xml", "<Config><EnableLog/></Config>");
+    OwnDrive drive(installation.Folder());
+
+    installation.Run({}, {}, L"R:\\");
+
+    const std::vector<std::string> log = installation.LogMessages();
+    ASSERT_EQ(log.size(), 4u);
+    EXPECT_EQ(log[0], "读取 SOFTWARE\\Brennvik\\KVT CAD辅助设计软件\\Location = ");
+    EXPECT_EQ(log[2], "安装目录 -不存在");
+    EXPECT_EQ(log[3], "读取配置-成功");
+}
+
+TEST(Start, IsRefusedWithoutVersionAlthoughNothingElseNeedsIt) {
+    Installation installation;
+    installation.Registry().CreateKey();
+    installation.Registry().SetLocation(installation.Location());
+
+    const HostRun run = installation.Run({});
+
+    ExpectRefused(run);
+}
+
+TEST(Start, IsRefusedWithoutTheKey) {
+    Installation installation;
+    installation.Registry().Remove();
+    OwnDrive drive(installation.Folder());
+
+    const HostRun run = installation.Run({}, {}, L"R:\\");
+
+    ExpectRefused(run);
+}
+
+TEST(Start, LooksInThe32BitViewAlone) {
+    Installation installation;
+    installation.Registry().CreateKey();
+    installation.Registry().SetVersion(L"2026.1");
+    installation.Registry().SetLocationIn64BitView(installation.Location());
+    OwnDrive drive(installation.Folder());
+
+    const HostRun run = installation.Run({}, {}, L"R:\\");
+
+    ExpectRefused(run);
+}
+
+TEST(Start, IsRefusedWhenTheLocationIsNotThere) {
+    Installation installation;
+    installation.Registry().SetLocation(installation.Folder() + L"\\elsewhere");
+
+    const HostRun run = installation.Run({});
+
+    ExpectRefused(run);
+}
+
+TEST(Start, IsRefusedWhenConfigCanNeitherBeReadNorWritten) {
+    Installation installation;
+    LockedFile lock(installation.ConfigPath());
+
+    const HostRun run = installation.Run({});
+
+    ExpectRefused(run);
+}
+
+TEST(Start, ARefusedStartLeavesTheHostAtItsPrompt) {
+    Installation installation;
+    installation.Registry().SetLocation(installation.Folder() + L"\\elsewhere");
+
+    const HostRun run = installation.Run({installation.FirstDrawing()}, L"(+ 40 2)\n");
+
+    EXPECT_EQ(Occurrences(run.console, L"42"), 1u);
+    EXPECT_EQ(run.console.find(L"[application in "), std::wstring::npos);
+}
+
+// Meant: any kind of path counts as present; the load of the configuration decides.
+TEST(Start, TakesAPlainFileForALocationAndIsRefusedOnlyByItsConfiguration) {
+    Installation installation;
+    installation.EnableLog();
+    const std::wstring file = installation.Folder() + L"\\plain";
+    WriteFileBytes(file, "a file");
+    installation.Registry().SetLocation(file);
+
+    const HostRun run = installation.Run({});
+
+    ExpectRefused(run);
+}
+
+TEST(Start, WorksAtALocationWithBlanksAndChineseCharacters) {
+    Installation installation(L"安装 目录 测试");
+
+    const HostRun run = installation.Run({installation.FirstDrawing()});
+
+    ExpectStarted(run);
+    EXPECT_EQ(Occurrences(run.console, L"[application in first.dwg from " +
+                                           installation.Location() + L"]"),
+              1u);
+}
+
+// Meant: the banner is the format itself, so a percent sign in the version is read as one.
+TEST(Start, APercentSignInTheVersionBecomesPartOfTheFormat) {
+    Installation installation;
+    installation.Registry().SetVersion(L"100%%");
+
+    const HostRun run = installation.Run({});
+
+    ExpectStarted(run);
+    EXPECT_EQ(Occurrences(run.console, L"《KVT CAD辅助设计软件》100% \n"), 1u);
+}
+
+TEST(Start, PutsTheInstallationAtTheHeadOfTheSearchPath) {
+    Installation installation;
+    const std::wstring entries =
+        installation.Location() + L";" + installation.Location() + L"\\R17x\\x64;";
+
+    installation.Run({});
+    const std::wstring once = installation.Setting(L"ACAD");
+    installation.Run({});
+
+    EXPECT_EQ(once.compare(0, entries.size(), entries), 0);
+    EXPECT_EQ(once.find(L"\\Support;" + installation.Location()), std::wstring::npos);
+    EXPECT_EQ(installation.Setting(L"ACAD"), once) << "a second start made the path grow";
+}
+
+TEST(Start, ARefusedStartLeavesTheSearchPathAlone) {
+    Installation installation;
+    installation.Registry().SetLocation(installation.Folder() + L"\\elsewhere");
+
+    installation.Run({});
+
+    EXPECT_EQ(installation.Setting(L"ACAD").find(installation.Folder()), std::wstring::npos);
+}
