@@ -40,6 +40,25 @@ DRAFTHOST_API void StartNewLine();
 /// Tells the command line that the user's own Enter has ended the line.
 DRAFTHOST_API void MarkLineStart();
 
+/// Gives the user's lines to whoever asks for one: LISP's `getstring` and its kin.
+class LineInput {
+  public:
+    virtual ~LineInput() = default;
+
+    /// Shows the prompt and reads a line, without its end. Empty: there is no more input.
+    virtual std::optional<std::wstring> ReadLine(const std::wstring& prompt) = 0;
+};
+
+/// `input` must live until it is replaced; null: there is no input, as at the start.
+DRAFTHOST_API void SetLineInput(LineInput* input);
+
+/// Bytes of a script or of the standard input as text: UTF-8 where they are valid as such, else the
+/// ANSI code page. A byte order mark at the front isn't part of the text.
+DRAFTHOST_API std::wstring DecodeText(const std::string& bytes);
+
+/// UTF-8 without a byte order mark.
+DRAFTHOST_API std::string EncodeText(const std::wstring& text);
+
 // ---- The session --------------------------------------------------------------------------------
 
 struct HostOptions {
@@ -133,6 +152,10 @@ DRAFTHOST_API CommandResult RunCommand(const std::wstring& name);
 /// Evaluates LISP text in the active drawing and shows the last value, or the error. Then the
 /// queued expressions are evaluated. False after an error, or when no drawing is open.
 DRAFTHOST_API bool EvaluateLisp(const std::wstring& text);
+
+/// Ends the running evaluation of LISP with the error "Function cancelled"; nothing happens when
+/// none runs. From any thread.
+DRAFTHOST_API void InterruptEvaluation();
 
 /// Whether the text ends within a list, string or comment, so that more lines are wanted.
 DRAFTHOST_API bool IsLispUnfinished(const std::wstring& text);

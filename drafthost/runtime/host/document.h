@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/host/document_lisp.h"
+
 #include "acdocman.h"
 
 #include <deque>
@@ -27,6 +29,8 @@ class Document : public AcApDocument {
     /// The folder with a backslash at its end; empty for a drawing that was never saved.
     std::wstring Folder() const;
 
+    LispInterpreter& Lisp() { return m_lisp.Interpreter(); }
+
     void Define(const std::wstring& name, int code, HMODULE owner);
     /// False when the name wasn't defined with this code by this module.
     bool Undefine(const std::wstring& name, int code, HMODULE owner);
@@ -42,6 +46,7 @@ class Document : public AcApDocument {
     std::wstring m_path;
     std::wstring m_title;
     std::vector<LispDefinition> m_definitions;
+    DocumentLisp m_lisp;
 };
 
 }  // namespace drafthost

@@ -71,7 +71,7 @@ OpenResult NewDrawing() {
 bool CloseDrawing() {
     DocumentManager& documents = HostServices()->documents;
     Document* document = documents.Active();
-    if (document == nullptr || ModuleCall::Innermost() != nullptr) return false;
+    if (document == nullptr || IsBusy()) return false;
     documents.SetCurrent(document);
     ModuleTable::Instance().SendToAll(AcRx::kUnloadDwgMsg);
     ReportDefinitions(*document);

@@ -142,6 +142,13 @@ Module* ModuleTable::FindPacket(const void* packet) {
     return nullptr;
 }
 
+Module* ModuleTable::FindImage(HMODULE handle) {
+    for (const auto& module : m_modules) {
+        if (module->handle == handle) return module.get();
+    }
+    return nullptr;
+}
+
 void ModuleTable::SendToAll(AcRx::AppMsgCode code) {
     for (std::size_t index = 0; index < m_modules.size(); ++index)
         Send(*m_modules[index], code);

@@ -39,6 +39,9 @@ class ModuleTable {
     /// The module of the packet, also while it answers `kInitAppMsg`; null when it is no packet.
     Module* FindPacket(const void* packet);
 
+    /// The module that has this image; null when there is none.
+    Module* FindImage(HMODULE handle);
+
     /// Sends the message to every module, in load order.
     void SendToAll(AcRx::AppMsgCode code);
 

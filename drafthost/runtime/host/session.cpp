@@ -9,8 +9,6 @@
 
 namespace drafthost {
 
-void EvaluateQueues() {}
-
 bool StartHost(const HostOptions& options) {
     if (!SelectProfile(options.profile)) return false;
     SetVerbose(options.isVerbose);

@@ -1,5 +1,7 @@
 #include "runtime/host/text_output.h"
 
+#include "runtime/lisp/text_encoding.h"
+
 #include <windows.h>
 
 #include <mutex>
@@ -8,18 +10,21 @@ namespace drafthost {
 
 namespace {
 
-/// UTF-8 to the process's standard output, for programs that set no output of their own.
+/// The process's standard output, for programs that set no output of their own: text as it is to a
+/// console window, else UTF-8.
 class StandardOutput : public TextOutput {
   public:
     void Write(const std::wstring& text) override {
-        const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()),
-                                             nullptr, 0, nullptr, nullptr);
-        std::string bytes(static_cast<std::size_t>(size), '\0');
-        WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), bytes.data(),
-                            size, nullptr, nullptr);
+        const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
+        DWORD mode = 0;
         DWORD written = 0;
-        WriteFile(GetStdHandle(STD_OUTPUT_HANDLE), bytes.data(), static_cast<DWORD>(bytes.size()),
-                  &written, nullptr);  // Result ignored: there is nowhere to complain.
+        // Results ignored: there is nowhere to complain.
+        if (GetConsoleMode(output, &mode)) {
+            WriteConsoleW(output, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
+        } else {
+            const std::string bytes = Utf8OfText(text);
+            WriteFile(output, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+        }
     }
 };
 
@@ -38,6 +43,14 @@ void SetTextOutput(TextOutput* output) {
 void MarkLineStart() {
     const std::lock_guard lock(g_mutex);
     g_atLineStart = true;
+}
+
+std::wstring DecodeText(const std::string& bytes) {
+    return TextOfBytes(bytes);
+}
+
+std::string EncodeText(const std::wstring& text) {
+    return Utf8OfText(text);
 }
 
 void Print(const std::wstring& text) {

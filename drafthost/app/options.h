@@ -1,0 +1,33 @@
+#pragma once
+
+#include "runtime/exit_code.h"
+
+#include <string>
+#include <vector>
+
+namespace drafthost {
+
+/// What the command line asks for.
+struct Options {
+    std::vector<std::wstring> modules;   ///< loaded in this order, ahead of the drawings
+    std::vector<std::wstring> drawings;  ///< opened in this order; none: one new drawing
+    std::vector<std::wstring> scripts;   ///< read one after the other in place of the input
+    std::wstring profile = L"Default";   ///< whose settings are used
+    bool goesOnAtPrompt = false;         ///< behind the scripts comes the standard input
+    bool isVerbose = false;              ///< notes on what the host does
+    bool isStrict = false;               ///< offences of modules count in the exit code
+    bool stopsOnError = false;           ///< the first line that fails ends the session
+};
+
+/// The outcome of reading a command line: options to run with, or a text to show and end with.
+struct ParsedOptions {
+    bool isToRun = false;
+    Options options;
+    std::wstring text;  ///< help, version or what is wrong; for the standard error unless Success
+    ExitCode exitCode = ExitCode::Success;
+};
+
+/// `arguments` without the program's name.
+ParsedOptions ParseOptions(const std::vector<std::wstring>& arguments);
+
+}  // namespace drafthost
