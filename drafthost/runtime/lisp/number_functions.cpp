@@ -17,6 +17,11 @@ LispValue Wrapped(std::int64_t integer) {
     return LispValue::Integer(static_cast<std::int32_t>(static_cast<std::uint32_t>(integer)));
 }
 
+bool FitsInteger(double whole) {
+    return whole >= std::numeric_limits<std::int32_t>::min() &&
+           whole <= std::numeric_limits<std::int32_t>::max();
+}
+
 LispError Undefined(const LispValue& argument) {
     return LispError(L"function undefined for argument: " + LispPrin1(argument));
 }
@@ -118,9 +123,8 @@ LispValue Abs(LispEvaluator&, const Arguments& arguments) {
 
 LispValue Fix(LispEvaluator&, const Arguments& arguments) {
     const double whole = std::trunc(NumberArgument(arguments[0]));
-    const bool fits = whole >= std::numeric_limits<std::int32_t>::min() &&
-                      whole <= std::numeric_limits<std::int32_t>::max();
-    return fits ? LispValue::Integer(static_cast<std::int32_t>(whole)) : LispValue::Real(whole);
+    return FitsInteger(whole) ? LispValue::Integer(static_cast<std::int32_t>(whole))
+                              : LispValue::Real(whole);
 }
 
 LispValue Float(LispEvaluator&, const Arguments& arguments) {
@@ -133,7 +137,7 @@ LispValue Sqrt(LispEvaluator&, const Arguments& arguments) {
     return LispValue::Real(std::sqrt(number));
 }
 
-/// Whole numbers give a whole one while it has 32 bits, and a real beyond.
+/// Whole when both are, the power isn't negative and the result has 32 bits; real otherwise.
 LispValue Expt(LispEvaluator&, const Arguments& arguments) {
     const double base = NumberArgument(arguments[0]);
     const double power = NumberArgument(arguments[1]);
@@ -142,10 +146,8 @@ LispValue Expt(LispEvaluator&, const Arguments& arguments) {
     if (std::isnan(result) && !std::isnan(base) && !std::isnan(power)) {
         throw Undefined(arguments[0]);
     }
-    const bool isWhole = arguments[0].IsInteger() && arguments[1].IsInteger();
-    if (!isWhole || std::fabs(result) > std::numeric_limits<std::int32_t>::max()) {
-        return LispValue::Real(result);
-    }
+    const bool isWhole = arguments[0].IsInteger() && arguments[1].IsInteger() && power >= 0.0;
+    if (!isWhole || !FitsInteger(result)) return LispValue::Real(result);
     return LispValue::Integer(static_cast<std::int32_t>(result));
 }
 
