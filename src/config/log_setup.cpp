@@ -12,8 +12,8 @@ namespace {
 /// stock names. A severity left out would get a stock name in the temporary folder.
 void NameLogFiles(const std::string& directory, const std::string& name) {
     for (google::LogSeverity severity = 0; severity < google::NUM_SEVERITIES; ++severity) {
-        const std::string file =
-            directory + "/" + name + "." + google::GetLogSeverityName(severity);
+        std::string file = directory;
+        file.append("/").append(name).append(".").append(google::GetLogSeverityName(severity));
         google::SetLogDestination(severity, file.c_str());
     }
     google::SetLogFilenameExtension(".log");
@@ -25,19 +25,18 @@ std::wstring SetUpLogging(const char* name) {
     std::string directory;
     CStringW wideDirectory;
     wideDirectory = GetModuleDirectory(directory, GetApplicationInstance());
-    const std::wstring logs = std::wstring(wideDirectory.GetString()) + L"\\Logs";
+    std::wstring logs = wideDirectory.GetString();
+    logs += L"\\Logs";
 
     if (ProbePath(logs) != PathDirectory) {
-        CreateDirectoryW(logs.c_str(),
-                         nullptr);  // Result ignored: the start goes on without a log.
+        CreateDirectoryW(logs.c_str(), nullptr);  // Result ignored: no log is no reason to stop.
     }
     const CStringA narrowLogs(logs.c_str());
 
     FLAGS_log_dir = narrowLogs.GetString();
     FLAGS_timestamp_in_logfile_name = false;
     FLAGS_v = 5;
-    FLAGS_vmodule =
-        static_cast<char>(5);  // Meant: the character with the code 5, which is no rule.
+    FLAGS_vmodule = static_cast<char>(5);  // Meant: the one character with the code 5, no rule.
     FLAGS_alsologtostderr = true;
     FLAGS_logbufsecs = 0;
 
@@ -50,6 +49,7 @@ const char* GetModuleDirectory(std::string& result, HMODULE module) {
     char path[260] = {};
     GetModuleFileNameA(module, path, sizeof path);  // Result ignored: the buffer then stays empty.
     result = path;
+    // Meant: bytes are searched, so a character whose second byte is a backslash cuts like one.
     const size_t separator = result.rfind('\\');
     if (separator != std::string::npos) result.erase(separator);
     return result.c_str();

@@ -1,0 +1,355 @@
+// A new Configuration, and Load with the two fields that it keeps.
+
+#include "config/configuration.h"
+
+#include "config/document_text.h"
+#include "config/file_lock.h"
+#include "support/import_hook.h"
+#include "support/temp_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <iterator>
+#include <string>
+#include <type_traits>
+
+using tinyxml2::XML_ERROR_FILE_COULD_NOT_BE_OPENED;
+using tinyxml2::XML_SUCCESS;
+
+namespace {
+
+using FopenS = ImportHook<decltype(&fopen_s)>;
+using Fopen = ImportHook<decltype(&std::fopen)>;
+using Strlen = ImportHook<size_t (*)(const char*)>;
+
+static_assert(std::has_virtual_destructor_v<Configuration>);
+static_assert(!std::is_copy_constructible_v<Configuration>);
+static_assert(!std::is_copy_assignable_v<Configuration>);
+static_assert(std::is_same_v<decltype(Configuration::fileName), std::wstring>);
+static_assert(std::is_same_v<decltype(Configuration::modified), bool>);
+static_assert(std::is_same_v<decltype(Configuration::document), tinyxml2::XMLDocument>);
+
+int FileCount(const TempFolder& folder) {
+    const std::filesystem::directory_iterator files(folder.Path());
+    return static_cast<int>(std::distance(begin(files), end(files)));
+}
+
+}  // namespace
+
+TEST(Configuration, StartsEmptyAndUnmodified) {
+    const Configuration configuration;
+
+    EXPECT_EQ(configuration.fileName, L"");
+    EXPECT_FALSE(configuration.modified);
+    EXPECT_TRUE(configuration.document.NoChildren());
+    EXPECT_EQ(configuration.document.ErrorID(), XML_SUCCESS);
+    EXPECT_TRUE(configuration.document.ProcessEntities());
+    EXPECT_EQ(configuration.document.WhitespaceMode(), tinyxml2::PRESERVE_WHITESPACE);
+}
+
+TEST(Configuration, HasItsFieldsInOrder) {
+    const Configuration configuration;
+
+    EXPECT_LT(static_cast<const void*>(&configuration.fileName),
+              static_cast<const void*>(&configuration.modified));
+    EXPECT_LT(static_cast<const void*>(&configuration.modified),
+              static_cast<const void*>(&configuration.document));
+}
+
+TEST(Configuration, DropsAnUnsavedChangeWhenItGoes) {
+    const TempFolder folder;
+    const std::wstring path = folder / L"config.xml";
+    WriteFileBytes(path, "<Config/>");
+    {
+        Configuration configuration;
+        ASSERT_TRUE(configuration.Load(path));
+        configuration.SetString("Config.A", "1");
+        ASSERT_TRUE(configuration.modified);
+    }
+
+    EXPECT_EQ(ReadFileBytes(path), "<Config/>");
+}
+
+TEST(ConfigurationLoad, ReadsAFileAndKeepsItsName) {
+    const TempFolder folder(L"KVT 设计 软件");
+    const std::wstring path = folder / L"config.xml";
+    const std::string bytes = "<?xml version=\"1.0\"?><Config><EnableLog/></Config>";
+    WriteFileBytes(path, bytes);
+    Configuration configuration;
+    configuration.modified = true;
+
+    EXPECT_TRUE(configuration.Load(path));
+
+    EXPECT_EQ(configuration.fileName, path);
+    EXPECT_FALSE(configuration.modified);
+    EXPECT_EQ(configuration.IndexOf("Config.EnableLog"), 0);
+    EXPECT_EQ(ReadFileBytes(path), bytes);
+    EXPECT_TRUE(IsClosed(path));
+}
+
+namespace {
+
+const Configuration* g_loading = nullptr;
+bool g_clearedAtOpen = false;
+std::string g_openedPath;
+
+errno_t LooksAtTheStore(FILE** file, const char* path, const char* mode) {
+    if (std::strcmp(mode, "rb") == 0) {
+        g_clearedAtOpen =
+            g_loading->fileName.empty() && !g_loading->modified && g_loading->document.NoChildren();
+        g_openedPath = path;
+    }
+    *file = nullptr;
+    return ENOENT;
+}
+
+}  // namespace
+
+TEST(ConfigurationLoad, ClearsEverythingAheadOfTheOpening) {
+    Configuration configuration;
+    configuration.document.Parse("<Old/>");
+    configuration.modified = true;
+    configuration.fileName = L"old";
+    g_loading = &configuration;
+    const FopenS hook("msvcrt.dll", "fopen_s", &LooksAtTheStore);
+
+    configuration.Load(L"no such folder\\config.xml");
+
+    EXPECT_TRUE(g_clearedAtOpen);
+}
+
+TEST(ConfigurationLoad, OpensThePathInTheAnsiCodePage) {
+    Configuration configuration;
+    g_loading = &configuration;
+    const FopenS hook("msvcrt.dll", "fopen_s", &LooksAtTheStore);
+
+    configuration.Load(L"没有 的\\config.xml");
+
+    EXPECT_EQ(g_openedPath, "没有 的\\config.xml");
+}
+
+TEST(ConfigurationLoad, WritesTheDefaultDocumentOverWhatCantBeRead) {
+    struct Row {
+        const char* why;
+        const char* bytes;  // Null: no file.
+    };
+    constexpr Row rows[] = {
+        {"a first start without a file", nullptr},
+        {"an empty file", ""},
+        {"white space alone", " \r\n\t"},
+        {"no XML", "EnableLog=1"},
+        {"an element left open", "<Config><EnableLog>"},
+        {"tags that cross", "<Config><A></Config></A>"},
+        {"a cut attribute", "<Config a=\"1></Config>"},
+        {"a second root left open", "<Config/><Config>"},
+    };
+    for (const Row& row : rows) {
+        const TempFolder folder(L"配置 config");
+        const std::wstring path = folder / L"config.xml";
+        if (row.bytes != nullptr) WriteFileBytes(path, row.bytes);
+        Configuration configuration;
+
+        EXPECT_TRUE(configuration.Load(path)) << row.why;
+
+        EXPECT_EQ(configuration.fileName, L"") << row.why;
+        EXPECT_FALSE(configuration.modified) << row.why;
+        EXPECT_EQ(configuration.document.ErrorID(), XML_SUCCESS) << row.why;
+        EXPECT_EQ(CompactText(configuration), defaultText) << row.why;
+        EXPECT_EQ(configuration.IndexOf("Config.EnableLog"), -1) << row.why;
+        EXPECT_EQ(ReadFileBytes(path), defaultFile) << row.why;
+        EXPECT_EQ(FileCount(folder), 1) << row.why << ": no copy of the bad file";
+        EXPECT_TRUE(IsClosed(path)) << row.why;
+    }
+}
+
+TEST(ConfigurationLoad, ReadsBackWhatTheFallbackWrote) {
+    const TempFolder folder;
+    const std::wstring path = folder / L"config.xml";
+    Configuration first;
+    ASSERT_TRUE(first.Load(path));
+    Configuration second;
+
+    EXPECT_TRUE(second.Load(path));
+
+    EXPECT_EQ(second.fileName, path);
+    EXPECT_EQ(CompactText(second), defaultText);
+    EXPECT_EQ(second.IndexOf("Config"), 0);
+    EXPECT_EQ(second.IndexOf("Config.EnableLog"), -1);
+}
+
+namespace {
+
+decltype(&fopen_s) g_fopenS = nullptr;
+decltype(&std::fopen) g_fopen = nullptr;
+size_t (*g_strlen)(const char*) = nullptr;
+std::string g_parsedText;
+
+errno_t OpensSecurelyForWritingOnly(FILE** file, const char* path, const char* mode) {
+    return std::strcmp(mode, "w") == 0 ? g_fopenS(file, path, mode) : EACCES;
+}
+
+FILE* OpensForWritingOnly(const char* path, const char* mode) {
+    return std::strcmp(mode, "w") == 0 ? g_fopen(path, mode) : nullptr;
+}
+
+/// The library measures the text that it is given to parse.
+size_t CutsTheDefaultDocument(const char* text) {
+    const std::string whole(text, g_strlen(text));
+    if (whole.rfind(declaration, 0) != 0) return whole.size();
+    g_parsedText = whole;
+    return whole.find("</Config>");
+}
+
+}  // namespace
+
+TEST(ConfigurationLoad, OverwritesAFileThatCanBeWrittenButNotRead) {
+    const TempFolder folder;
+    const std::wstring path = folder / L"config.xml";
+    WriteFileBytes(path, "<Config><EnableLog/></Config>");
+    Configuration configuration;
+    const FopenS secure("msvcrt.dll", "fopen_s", &OpensSecurelyForWritingOnly);
+    const Fopen plain("msvcrt.dll", "fopen", &OpensForWritingOnly);
+    g_fopenS = secure.Original();
+    g_fopen = plain.Original();
+
+    EXPECT_TRUE(configuration.Load(path));
+
+    EXPECT_EQ(configuration.fileName, L"");
+    EXPECT_EQ(ReadFileBytes(path), defaultFile);
+}
+
+TEST(ConfigurationLoad, FailsWhenTheDefaultDocumentDoesntParse) {
+    const TempFolder folder;
+    const std::wstring path = folder / L"config.xml";
+    Configuration configuration;
+    bool loaded = true;
+    {
+        const Strlen hook("msvcrt.dll", "strlen", &CutsTheDefaultDocument);
+        g_strlen = hook.Original();
+        loaded = configuration.Load(path);
+    }
+
+    EXPECT_FALSE(loaded);
+    EXPECT_EQ(g_parsedText, declaration + std::string(6, '\t') + "<Config>" +
+                                std::string(16, '\t') + "</Config>");
+    EXPECT_EQ(configuration.fileName, L"");
+    EXPECT_FALSE(configuration.modified);
+    EXPECT_NE(configuration.document.ErrorID(), XML_SUCCESS);
+    EXPECT_FALSE(std::filesystem::exists(path));
+}
+
+TEST(ConfigurationLoad, FailsWhenTheDefaultDocumentCantBeWritten) {
+    struct Row {
+        const char* why;
+        const wchar_t* name;
+    };
+    constexpr Row rows[] = {
+        {"a missing folder", L"没有\\config.xml"},
+        {"a folder of that name", L"folder"},
+        {"a character that the code page doesn't have", L"\x0627.xml"},
+    };
+    for (const Row& row : rows) {
+        const TempFolder folder;
+        std::filesystem::create_directory(folder / L"folder");
+        const std::wstring path = folder / row.name;
+        Configuration configuration;
+        configuration.modified = true;
+
+        EXPECT_FALSE(configuration.Load(path)) << row.why;
+
+        EXPECT_EQ(configuration.fileName, path) << row.why;
+        EXPECT_FALSE(configuration.modified) << row.why;
+        EXPECT_EQ(configuration.document.ErrorID(), XML_ERROR_FILE_COULD_NOT_BE_OPENED) << row.why;
+        EXPECT_EQ(CompactText(configuration), defaultText) << row.why;
+        EXPECT_EQ(FileCount(folder), 1) << row.why;
+    }
+}
+
+TEST(ConfigurationLoad, LeavesALockedMalformedFileAsItIs) {
+    const TempFolder folder;
+    const std::wstring path = folder / L"config.xml";
+    WriteFileBytes(path, "<Config>");
+    Configuration configuration;
+    {
+        const FileLock lock(path, FILE_SHARE_READ);
+        EXPECT_FALSE(configuration.Load(path));
+    }
+
+    EXPECT_EQ(configuration.fileName, path);
+    EXPECT_EQ(static_cast<int>(configuration.document.ErrorID()), 4);
+    EXPECT_EQ(CompactText(configuration), defaultText);
+    EXPECT_EQ(ReadFileBytes(path), "<Config>");
+}
+
+TEST(ConfigurationLoad, LeavesADefaultDocumentThatAnswersAfterAFailure) {
+    const TempFolder folder;
+    Configuration configuration;
+    ASSERT_FALSE(configuration.Load(folder / L"没有\\config.xml"));
+
+    EXPECT_EQ(configuration.IndexOf("Config"), 0);
+    EXPECT_EQ(configuration.GetString("Config.A", "none"), "none");
+    configuration.SetString("Config.A", "1");
+    EXPECT_EQ(configuration.GetString("Config.A", "none"), "1");
+    EXPECT_TRUE(configuration.modified);
+}
+
+TEST(ConfigurationLoad, NeedsNoRightToWrite) {
+    const TempFolder folder;
+    const std::wstring path = folder / L"config.xml";
+    WriteFileBytes(path, "<Config><A>1</A></Config>");
+    Configuration configuration;
+    {
+        const FileLock lock(path, FILE_SHARE_READ);
+        EXPECT_TRUE(configuration.Load(path));
+        configuration.SetString("Config.A", "2");
+        EXPECT_FALSE(configuration.Save(path)) << "the trouble shows when something is saved";
+    }
+
+    EXPECT_EQ(configuration.GetString("Config.A", ""), "2");
+    EXPECT_EQ(ReadFileBytes(path), "<Config><A>1</A></Config>");
+}
+
+TEST(ConfigurationLoad, LeavesNothingOfAnEarlierLoad) {
+    const TempFolder folder;
+    WriteFileBytes(folder / L"a.xml", "<Config><A>1</A></Config>");
+    WriteFileBytes(folder / L"b.xml", "<Config><B>2</B></Config>");
+    Configuration configuration;
+    ASSERT_TRUE(configuration.Load(folder / L"a.xml"));
+    configuration.SetString("Config.C", "3");
+
+    EXPECT_TRUE(configuration.Load(folder / L"b.xml"));
+
+    EXPECT_EQ(CompactText(configuration), "<Config><B>2</B></Config>");
+    EXPECT_EQ(configuration.fileName, folder / L"b.xml");
+    EXPECT_FALSE(configuration.modified);
+}
+
+TEST(ConfigurationLoad, ForgetsTheNameOfAnEarlierLoadWhenItFallsBack) {
+    const TempFolder folder;
+    WriteFileBytes(folder / L"a.xml", "<Config><A>1</A></Config>");
+    Configuration configuration;
+    ASSERT_TRUE(configuration.Load(folder / L"a.xml"));
+
+    EXPECT_TRUE(configuration.Load(folder / L"b.xml"));
+
+    EXPECT_EQ(configuration.fileName, L"");
+    EXPECT_EQ(CompactText(configuration), defaultText);
+}
+
+TEST(ConfigurationLoad, TakesTheStoresOwnNameForItsPath) {
+    const TempFolder folder;
+    const std::wstring path = folder / L"config.xml";
+    WriteFileBytes(path, "<Config><A>1</A></Config>");
+    Configuration configuration;
+    ASSERT_TRUE(configuration.Load(path));
+    configuration.SetString("Config.A", "2");
+
+    EXPECT_TRUE(configuration.Load(configuration.fileName));
+
+    EXPECT_EQ(configuration.fileName, path);
+    EXPECT_EQ(configuration.GetString("Config.A", ""), "1");
+}

@@ -1,0 +1,337 @@
+// The bring-up itself: the folder, the flags, the two states of the log.
+
+#include "config/log_setup.h"
+
+#include "config/log_fixture.h"
+#include "support/import_hook.h"
+
+#include <atlstr.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <windows.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
+#include <filesystem>
+#include <memory>
+#include <regex>
+#include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+namespace {
+
+class LogSetup : public LogTest {};
+
+}  // namespace
+
+CHILD_SCENARIO(WritesALine) {
+    LoadModule();
+    SetUpLogging("KVTCAD");
+    LOG(INFO) << "one";
+    return 0;
+}
+
+namespace {
+
+int g_creations = 0;
+std::wstring g_createdPath;
+bool g_defaultSecurity = false;
+bool g_folderCanBeMade = true;
+decltype(&CreateDirectoryW) g_createDirectory = nullptr;
+
+BOOL WINAPI CountsCreations(const wchar_t* path, SECURITY_ATTRIBUTES* security) {
+    ++g_creations;
+    g_createdPath = path;
+    g_defaultSecurity = security == nullptr;
+    return g_folderCanBeMade ? g_createDirectory(path, security) : FALSE;
+}
+
+struct CreationHook {
+    CreationHook() { g_createDirectory = hook.Original(); }
+    ImportHook<decltype(&CreateDirectoryW)> hook{"KERNEL32.dll", "CreateDirectoryW",
+                                                 &CountsCreations};
+};
+
+}  // namespace
+
+CHILD_SCENARIO(CountsFolderCreations) {
+    LoadModule();
+    const CreationHook hook;
+
+    const std::wstring logs = SetUpLogging("KVTCAD");
+
+    if (logs != WorkingFolder() + L"\\Logs") return 90;
+    if (g_creations > 0 && (g_createdPath != logs || !g_defaultSecurity)) return 91;
+    return g_creations;
+}
+
+TEST_F(LogSetup, CreatesTheFolderWhereThereIsNone) {
+    EXPECT_EQ(Run(L"CountsFolderCreations").exitCode, 1u);
+    EXPECT_TRUE(std::filesystem::is_directory(Logs()));
+}
+
+TEST_F(LogSetup, CreatesNothingWhereTheFolderIs) {
+    std::filesystem::create_directory(Logs());
+
+    EXPECT_EQ(Run(L"CountsFolderCreations").exitCode, 0u);
+}
+
+TEST_F(LogSetup, TriesToCreateTheFolderOverAPlainFileToo) {
+    WriteFileBytes(Logs(), "a file");
+
+    EXPECT_EQ(Run(L"CountsFolderCreations").exitCode, 1u);
+    EXPECT_EQ(ReadFileBytes(Logs()), "a file");
+}
+
+TEST_F(LogSetup, GoesOnWithoutALogWhenAPlainFileHasTheFoldersName) {
+    WriteFileBytes(Logs(), "a file");
+
+    const ChildResult child = Run(L"WritesALine");
+
+    EXPECT_EQ(child.exitCode, 0u);
+    EXPECT_EQ(ReadFileBytes(Logs()), "a file");
+    EXPECT_THAT(NamesIn(m_folder.Path()), ElementsAre(L"KVTCAD.arx", L"Logs", L"temp"));
+    EXPECT_THAT(NamesIn(m_folder / L"temp"), IsEmpty());
+    EXPECT_THAT(child.errors, HasSubstr("COULD NOT CREATE"));
+    EXPECT_THAT(child.errors, HasSubstr("] one")) << "stderr still gets the line";
+}
+
+CHILD_SCENARIO(GetsItsFolderLate) {
+    LoadModule();
+    g_folderCanBeMade = false;
+    const CreationHook hook;
+    const std::wstring logs = SetUpLogging("KVTCAD");
+    for (int line = 1; line <= 40; ++line) {
+        LOG(INFO) << "line " << line;
+        if (line == 5) g_createDirectory(logs.c_str(), nullptr);
+    }
+    return 0;
+}
+
+TEST_F(LogSetup, LosesLinesUpToThe32ndBehindAFailedOne) {
+    const ChildResult child = Run(L"GetsItsFolderLate");
+
+    EXPECT_THAT(MessagesOf(InfoLog()), ElementsAre("line 33", "line 34", "line 35", "line 36",
+                                                   "line 37", "line 38", "line 39", "line 40"));
+    EXPECT_EQ(CountOf(child.errors, "COULD NOT CREATE"), 1u);
+    EXPECT_EQ(CountOf(child.errors, "] line "), 40u);
+}
+
+CHILD_SCENARIO(NeverGetsAFolder) {
+    LoadModule();
+    g_folderCanBeMade = false;
+    const CreationHook hook;
+    SetUpLogging("KVTCAD");
+    for (int line = 1; line <= 65; ++line)
+        LOG(INFO) << "line " << line;
+    return 0;
+}
+
+TEST_F(LogSetup, TriesAgainAtEach32ndLineWithoutAFolder) {
+    const ChildResult child = Run(L"NeverGetsAFolder");
+
+    EXPECT_EQ(child.exitCode, 0u);
+    EXPECT_FALSE(std::filesystem::exists(Logs()));
+    EXPECT_EQ(CountOf(child.errors, "COULD NOT CREATE"), 3u) << "lines 1, 33 and 65";
+}
+
+CHILD_SCENARIO(PrintsTheFlags) {
+    LoadModule();
+    SetUpLogging("KVTCAD");
+    std::printf("log_dir %d\n",
+                FLAGS_log_dir == CStringA((WorkingFolder() + L"\\Logs").c_str()).GetString());
+    std::printf("timestamp_in_logfile_name %d\n", FLAGS_timestamp_in_logfile_name);
+    std::printf("v %d\n", FLAGS_v);
+    std::printf("vmodule %d:%d\n", static_cast<int>(FLAGS_vmodule.size()), FLAGS_vmodule[0]);
+    std::printf("alsologtostderr %d\n", FLAGS_alsologtostderr);
+    std::printf("logbufsecs %d\n", FLAGS_logbufsecs);
+    std::printf("-\n");
+    std::printf("logtostderr %d\n", FLAGS_logtostderr);
+    std::printf("log_prefix %d\n", FLAGS_log_prefix);
+    std::printf("minloglevel %d\n", FLAGS_minloglevel);
+    std::printf("logbuflevel %d\n", FLAGS_logbuflevel);
+    std::printf("stderrthreshold %d\n", FLAGS_stderrthreshold);
+    std::printf("max_log_size %u\n", FLAGS_max_log_size);
+    std::printf("stop_logging_if_full_disk %d\n", FLAGS_stop_logging_if_full_disk);
+    std::printf("log_utc_time %d\n", FLAGS_log_utc_time);
+    return 0;
+}
+
+namespace {
+
+constexpr char sixFlags[] =
+    "log_dir 1\r\ntimestamp_in_logfile_name 0\r\nv 5\r\nvmodule 1:5\r\nalsologtostderr 1\r\n"
+    "logbufsecs 0\r\n-\r\n";
+
+}  // namespace
+
+TEST_F(LogSetup, SetsSixFlagsAndLeavesTheOthers) {
+    const ChildResult child = Run(L"PrintsTheFlags");
+
+    EXPECT_EQ(child.output, std::string(sixFlags) +
+                                "logtostderr 0\r\nlog_prefix 1\r\nminloglevel 0\r\n"
+                                "logbuflevel 0\r\nstderrthreshold 2\r\nmax_log_size 1800\r\n"
+                                "stop_logging_if_full_disk 0\r\nlog_utc_time 0\r\n");
+}
+
+TEST_F(LogSetup, LetsTheEnvironmentPresetTheOtherFlagsOnly) {
+    std::vector<std::unique_ptr<EnvironmentVariable>> presets;
+    const std::pair<const wchar_t*, const wchar_t*> values[] = {
+        {L"GLOG_log_dir", L"C:\\elsewhere"},
+        {L"GLOG_timestamp_in_logfile_name", L"1"},
+        {L"GLOG_v", L"1"},
+        {L"GLOG_vmodule", L"x=3"},
+        {L"GLOG_alsologtostderr", L"0"},
+        {L"GLOG_logbufsecs", L"60"},
+        {L"GLOG_minloglevel", L"1"},
+        {L"GLOG_logbuflevel", L"2"},
+
+        {L"GLOG_max_log_size", L"7"},
+        {L"GLOG_log_utc_time", L"1"},
+        {L"GLOG_log_prefix", L"0"},
+    };
+    for (const auto& [name, value] : values) {
+        presets.push_back(std::make_unique<EnvironmentVariable>(name, value));
+    }
+
+    const ChildResult child = Run(L"PrintsTheFlags");
+
+    EXPECT_EQ(child.output, std::string(sixFlags) +
+                                "logtostderr 0\r\nlog_prefix 0\r\nminloglevel 1\r\n"
+                                "logbuflevel 2\r\nstderrthreshold 2\r\nmax_log_size 7\r\n"
+                                "stop_logging_if_full_disk 0\r\nlog_utc_time 1\r\n");
+}
+
+CHILD_SCENARIO(LogsWithoutBringUp) {
+    LoadModule();
+    LOG(INFO) << "one";
+    LOG(INFO) << "two";
+    return 0;
+}
+
+TEST_F(LogSetup, SendsLinesToStderrAloneWhenTheLogIsOff) {
+    const ChildResult child = Run(L"LogsWithoutBringUp");
+
+    const std::string prefix =
+        "I[0-9]{8} [0-9]{2}:[0-9]{2}:[0-9]{2}\\.[0-9]{6} +[0-9]+ "
+        "log_setup_test\\.cpp:[0-9]+\\] ";
+    EXPECT_EQ(child.exitCode, 0u);
+    EXPECT_TRUE(std::regex_match(
+        child.errors,
+        std::regex("WARNING: Logging before InitGoogleLogging\\(\\) is written to STDERR\r?\n" +
+                   prefix + "one\r?\n" + prefix + "two\r?\n")))
+        << child.errors;
+    EXPECT_THAT(NamesIn(m_folder.Path()), ElementsAre(L"KVTCAD.arx", L"temp"));
+    EXPECT_THAT(NamesIn(m_folder / L"temp"), IsEmpty());
+}
+
+TEST_F(LogSetup, AddsNothingToAnOldFileWhenTheLogIsOff) {
+    Run(L"WritesALine");
+    const std::string before = ReadFileBytes(InfoLog());
+
+    Run(L"LogsWithoutBringUp");
+
+    EXPECT_EQ(ReadFileBytes(InfoLog()), before);
+    EXPECT_THAT(NamesIn(Logs()), ElementsAre(L"KVTCAD.INFO.log"));
+}
+
+CHILD_SCENARIO(BringsUpTwice) {
+    LoadModule();
+    SetUpLogging("KVTCAD");
+    SetUpLogging("KVTCAD");
+    return 0;
+}
+
+TEST_F(LogSetup, EndsTheProcessAtASecondBringUp) {
+    const ChildResult child = Run(L"BringsUpTwice");
+
+    EXPECT_FALSE(child.timedOut);
+    EXPECT_NE(child.exitCode, 0u);
+    EXPECT_THAT(child.errors, HasSubstr("You called InitGoogleLogging() twice!"));
+}
+
+namespace {
+
+const char* g_moduleFile = nullptr;
+HMODULE g_askedModule = nullptr;
+bool g_zeroed260 = false;
+
+DWORD WINAPI GivesTheModuleFile(HMODULE module, char* buffer, DWORD size) {
+    g_askedModule = module;
+    g_zeroed260 = size == 260 && std::all_of(buffer, buffer + size, [](char c) { return c == 0; });
+    if (g_moduleFile == nullptr) return 0;
+    lstrcpynA(buffer, g_moduleFile, static_cast<int>(size));
+    return static_cast<DWORD>(lstrlenA(buffer));
+}
+
+}  // namespace
+
+TEST(ModuleDirectory, IsCutBeforeTheLastBackslash) {
+    struct Row {
+        const char* why;
+        const char* file;
+        const char* directory;
+    };
+    constexpr Row rows[] = {
+        {"a file in a folder", "C:\\app\\KVTCAD.arx", "C:\\app"},
+        {"blanks and Chinese characters", "C:\\KVT 设计\\模块.arx", "C:\\KVT 设计"},
+        {"at a drive's root", "C:\\KVTCAD.arx", "C:"},
+        {"no backslash: nothing is cut", "KVTCAD.arx", "KVTCAD.arx"},
+        {"slashes don't count", "C:/app/KVTCAD.arx", "C:/app/KVTCAD.arx"},
+        {"the system doesn't know the module", nullptr, ""},
+        {"a second byte that is a backslash counts as one", "C:\\app\\\x81\\.arx", "C:\\app\\\x81"},
+    };
+    const auto module = reinterpret_cast<HMODULE>(0x1234);
+    for (const Row& row : rows) {
+        const ImportHook<decltype(&GetModuleFileNameA)> hook("KERNEL32.dll", "GetModuleFileNameA",
+                                                             &GivesTheModuleFile);
+        g_moduleFile = row.file;
+        std::string result = "old";
+
+        EXPECT_STREQ(GetModuleDirectory(result, module), row.directory) << row.why;
+
+        EXPECT_EQ(result, row.directory) << row.why;
+        EXPECT_EQ(g_askedModule, module) << row.why;
+        EXPECT_TRUE(g_zeroed260) << row.why;
+    }
+}
+
+TEST(ModuleDirectory, IsThatOfTheProgramForItsOwnHandle) {
+    std::string result;
+
+    GetModuleDirectory(result, nullptr);
+
+    EXPECT_EQ(result, CStringA(ProgramFolder().c_str()).GetString());
+}
+
+TEST(FormatLogPrefix, TakesItsFieldsFromTheLibrary) {
+    std::tm nineOClock = {};
+    nineOClock.tm_year = 120;
+    nineOClock.tm_mday = 1;
+    nineOClock.tm_hour = 9;
+    nineOClock.tm_min = 5;
+    nineOClock.tm_sec = 7;
+    const std::time_t seconds = std::mktime(&nineOClock);
+    const google::LogMessageTime time(seconds, static_cast<double>(seconds) + 0.5);
+    const int line = 12;
+    const int thread = 34;
+    std::ostringstream stream;
+    stream.fill('0');
+
+    FormatLogPrefix(stream, google::LogMessageInfo("INFO", "a.cpp", line, thread, time), nullptr);
+    stream << '|';
+    FormatLogPrefix(stream, google::LogMessageInfo("ERROR", "a.cpp", line, thread, time), nullptr);
+
+    EXPECT_EQ(stream.str(), "[INFO    90:50:70.500000]|[ERROR   90:50:70.500000 a.cpp:12]");
+    EXPECT_EQ(stream.fill(), '0');
+    EXPECT_EQ(stream.flags() & std::ios::adjustfield, std::ios::left);
+}
