@@ -54,10 +54,12 @@ BOOL CWnd::SubclassDlgItem(UINT id, CWnd* parent) {
 }
 
 HWND CWnd::UnsubclassWindow() {
-    if (m_pfnSuper != nullptr) {
+    const auto own = reinterpret_cast<LONG_PTR>(AfxWndProc);
+    // Whoever subclassed the window after us calls us still and isn't to be cut off.
+    if (m_pfnSuper != nullptr && GetWindowLongPtrW(m_hWnd, GWLP_WNDPROC) == own) {
         SetWindowLongPtrW(m_hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(m_pfnSuper));
-        m_pfnSuper = nullptr;
     }
+    m_pfnSuper = nullptr;
     return Detach();
 }
 

@@ -221,6 +221,24 @@ TEST(Window, SubclassingBindsAWindowThatIsThereAndUnsubclassingGivesItBack) {
     DestroyWindow(edit);
 }
 
+TEST(Window, UnsubclassingLeavesALaterSubclassingAlone) {
+    const HWND edit = MakeBareEdit();
+    CWnd window;
+    ASSERT_TRUE(window.SubclassWindow(edit));
+    static WNDPROC before = nullptr;
+    const WNDPROC later = [](HWND handle, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
+        if (message == WM_APP) return 5;
+        return CallWindowProcW(before, handle, message, wParam, lParam);
+    };
+    before = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrW(edit, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(later)));
+
+    window.UnsubclassWindow();
+
+    EXPECT_EQ(SendMessageW(edit, WM_APP, 0, 0), 5);
+    DestroyWindow(edit);
+}
+
 TEST(Window, PreTranslationGoesFromTheWindowUpToTheStop) {
     struct Translator : CWnd {
         int m_seen = 0;
