@@ -7,7 +7,7 @@
 
 namespace {
 
-ModalDialogWatch* g_watch = nullptr;
+drafthost::ModalDialogWatch* g_watch = nullptr;
 
 /// The top-level window that a modal dialog stands before; disabled until `Enable` or the end.
 class DisabledOwner {
@@ -79,6 +79,8 @@ void HandleQueued(CFrameworkThread& thread, HWND dialog, MSG& message) {
 
 }  // namespace
 
+namespace drafthost {
+
 ModalDialogWatch::~ModalDialogWatch() = default;
 
 ModalDialogWatch* SetModalDialogWatch(ModalDialogWatch* watch) {
@@ -86,6 +88,8 @@ ModalDialogWatch* SetModalDialogWatch(ModalDialogWatch* watch) {
     g_watch = watch;
     return before;
 }
+
+}  // namespace drafthost
 
 INT_PTR CDialog::DoModal() {
     if (m_hWnd != nullptr) return -1;

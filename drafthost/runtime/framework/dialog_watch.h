@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+namespace drafthost {
+
 /// Is told about the modal dialogs of the process, on the thread that runs them. For whoever runs
 /// the host without a person at it. Calls may nest as the dialogs do.
 class DRAFTHOST_API ModalDialogWatch {
@@ -21,3 +23,5 @@ class DRAFTHOST_API ModalDialogWatch {
 
 /// Sets the watch, null for none; gives the one before. Not owned.
 DRAFTHOST_API ModalDialogWatch* SetModalDialogWatch(ModalDialogWatch* watch);
+
+}  // namespace drafthost

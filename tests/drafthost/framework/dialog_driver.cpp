@@ -3,10 +3,10 @@
 #include <utility>
 
 DialogDriver::DialogDriver(std::vector<Action> actions)
-    : m_actions(std::move(actions)), m_before(SetModalDialogWatch(this)) {}
+    : m_actions(std::move(actions)), m_before(drafthost::SetModalDialogWatch(this)) {}
 
 DialogDriver::~DialogDriver() {
-    SetModalDialogWatch(m_before);
+    drafthost::SetModalDialogWatch(m_before);
 }
 
 void DialogDriver::OnPainted(HWND dialog) {

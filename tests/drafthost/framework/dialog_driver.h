@@ -1,13 +1,13 @@
 #pragma once
 
-#include "drafthost/runtime/framework/dialog_watch.h"
+#include "runtime/framework/dialog_watch.h"
 
 #include <functional>
 #include <vector>
 
 /// Does what a person would: for its life, each modal dialog that stands painted is handed to the
 /// next action in turn. A dialog beyond the last action is told to cancel, so that no test hangs.
-class DialogDriver : public ModalDialogWatch {
+class DialogDriver : public drafthost::ModalDialogWatch {
   public:
     using Action = std::function<void(HWND dialog)>;
 
@@ -26,7 +26,7 @@ class DialogDriver : public ModalDialogWatch {
 
   private:
     std::vector<Action> m_actions;
-    ModalDialogWatch* m_before;
+    drafthost::ModalDialogWatch* m_before;
 };
 
 /// Actions.
