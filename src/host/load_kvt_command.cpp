@@ -1,6 +1,7 @@
 #include "host/load_kvt_command.h"
 
 #include "host/module_handles.h"
+#include "ui/about_dialog.h"
 
 #include <acdocman.h>
 
@@ -22,4 +23,6 @@ class OwnResources {
 
 void LoadKVTCommand() {
     const OwnResources resources;
+    AboutDialog dialog(0);
+    dialog.DoModal();  // Result ignored: OK and the close box are the same here.
 }
