@@ -66,6 +66,10 @@ ExitCode Console::Run() {
     return ExitCode::Success;
 }
 
+bool Console::IsLineTyped() const {
+    return m_currentSource < m_sources.size() && m_sources[m_currentSource]->ShowsTyping();
+}
+
 std::optional<std::wstring> Console::ReadLine(const std::wstring& prompt) {
     Print(prompt);
     for (; m_currentSource < m_sources.size(); ++m_currentSource) {

@@ -26,6 +26,9 @@ class Console : private LineInput {
     /// Reads and runs lines until QUIT or the end of the last source.
     ExitCode Run();
 
+    /// Whether the line that runs was typed at a console.
+    bool IsLineTyped() const;
+
   private:
     struct OwnCommand;
     static const OwnCommand g_ownCommands[];

@@ -1,11 +1,13 @@
 // drafthost.exe: the stand-in host on the console.
 
 #include "app/console.h"
+#include "app/dialog_attendant.h"
 
 #include <windows.h>
 
 #include <cstdlib>
 #include <exception>
+#include <filesystem>
 
 using drafthost::Console;
 using drafthost::ExitCode;
@@ -46,11 +48,23 @@ std::wstring AddSources(Console& console, const Options& options) {
     return {};
 }
 
+/// Makes the folder for the pictures if it isn't there; false when that fails.
+bool PreparePictureFolder(const std::wstring& folder) {
+    std::error_code error;
+    if (!folder.empty()) std::filesystem::create_directories(folder, error);
+    return !error;
+}
+
 ExitCode RunSession(const Options& options) {
     Console console(options);
     const std::wstring missing = AddSources(console, options);
     if (!missing.empty()) {
         WriteTo(STD_ERROR_HANDLE, L"drafthost: the script " + missing + L" can't be read.\n");
+        return ExitCode::FileMissing;
+    }
+    if (!PreparePictureFolder(options.pictureFolder)) {
+        WriteTo(STD_ERROR_HANDLE,
+                L"drafthost: the folder " + options.pictureFolder + L" can't be made.\n");
         return ExitCode::FileMissing;
     }
     if (!drafthost::StartHost({options.profile, options.isVerbose})) {
@@ -59,9 +73,13 @@ ExitCode RunSession(const Options& options) {
         return ExitCode::UsageError;
     }
     SetConsoleCtrlHandler(OnControlEvent, TRUE);
+    const drafthost::DialogAttendant attendant({options.pictureFolder, options.answer,
+                                                [&] { return console.IsLineTyped(); },
+                                                options.dialogDeadline});
     ExitCode code = console.Begin();
     if (code == ExitCode::Success) code = console.Run();
     drafthost::ShutDownHost();
+    if (code == ExitCode::Success && attendant.HasFailed()) code = ExitCode::DialogFailed;
     const bool hasOffended = options.isStrict && drafthost::OffenceCount() > 0;
     return code == ExitCode::Success && hasOffended ? ExitCode::ModuleOffended : code;
 }

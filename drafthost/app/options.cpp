@@ -14,6 +14,9 @@ constexpr const char* footer =
     R"(Modules are loaded first, then the drawings are opened. Without --open there is one new drawing.
 Without --script, lines come from the standard input; its end is the same as QUIT.
 
+A dialog that was opened by a line from a script, a pipe or a file is answered with OK; one that was
+opened by a line typed at the console waits for the person there. --answer answers all of them.
+
 At the prompt: LISP expressions, commands of modules, and the host's own; HELP lists them.
 
 Exit codes:
@@ -26,7 +29,7 @@ Exit codes:
   14  a module crashed, or ended the process
   15  with --strict: a module broke the host's rules
   16  with --stop-on-error: a line failed
-  17  a dialog never painted)";
+  17  a dialog never painted, didn't end when answered, or its picture can't be saved)";
 
 /// Option values as the parser holds them, in UTF-8.
 struct NarrowOptions {
@@ -34,6 +37,9 @@ struct NarrowOptions {
     std::vector<std::string> drawings;
     std::vector<std::string> scripts;
     std::string profile;
+    std::string pictureFolder;
+    std::string answer;
+    unsigned dialogDeadline = 20;
 };
 
 std::vector<std::wstring> Widened(const std::vector<std::string>& texts) {
@@ -66,6 +72,19 @@ void Declare(CLI::App& parser, NarrowOptions& narrow, Options& options) {
         ->allow_extra_args(false);
     parser.add_option("--profile", narrow.profile, "Keep the settings under this name [Default]")
         ->type_name("NAME");
+    parser
+        .add_option("--capture", narrow.pictureFolder,
+                    "Save a picture of each dialog in this folder, which is made if it isn't there")
+        ->type_name("DIR");
+    parser
+        .add_option("--answer", narrow.answer, "End each dialog as by its OK button or close box")
+        ->check(CLI::IsMember({"ok", "close"}))
+        ->type_name("ok|close");
+    parser
+        .add_option("--dialog-deadline", narrow.dialogDeadline,
+                    "What a dialog has to paint in, and to end after its answer [20]")
+        ->check(CLI::Range(1, 3600))
+        ->type_name("SECONDS");
     parser.add_flag("--prompt", options.goesOnAtPrompt, "Go on at the prompt behind the scripts");
     parser.add_flag("--stop-on-error", options.stopsOnError, "End at the first line that fails");
     parser.add_flag("--strict", options.isStrict, "Give offences of modules an exit code");
@@ -100,6 +119,11 @@ ParsedOptions ParseOptions(const std::vector<std::wstring>& arguments) {
     parsed.options.drawings = Widened(narrow.drawings);
     parsed.options.scripts = Widened(narrow.scripts);
     if (!narrow.profile.empty()) parsed.options.profile = DecodeText(narrow.profile);
+    parsed.options.pictureFolder = DecodeText(narrow.pictureFolder);
+    if (!narrow.answer.empty()) {
+        parsed.options.answer = narrow.answer == "ok" ? DialogAnswer::Ok : DialogAnswer::Close;
+    }
+    parsed.options.dialogDeadline = std::chrono::seconds(narrow.dialogDeadline);
     return parsed;
 }
 

@@ -13,7 +13,7 @@ enum class ExitCode : unsigned {
     ModuleCrashed = 14,    ///< an exception left a module, or a module ended the process
     ModuleOffended = 15,   ///< with --strict: a module broke the host's rules
     ScriptFailed = 16,     ///< with --stop-on-error: a line failed
-    DialogFailed = 17,     ///< a dialog never painted
+    DialogFailed = 17,     ///< a dialog never painted, never ended, or has no picture
 };
 
 }  // namespace drafthost
