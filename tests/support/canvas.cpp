@@ -1,7 +1,7 @@
 #include "support/canvas.h"
 
 Canvas::Canvas(int width, int height, COLORREF background)
-    : m_memoryDC(CreateCompatibleDC(nullptr)) {
+    : m_width(width), m_height(height), m_memoryDC(CreateCompatibleDC(nullptr)) {
     BITMAPINFO info = {};
     info.bmiHeader = {sizeof info.bmiHeader, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
     void* bits = nullptr;

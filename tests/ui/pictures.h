@@ -8,3 +8,6 @@
 #define IDR_JPEG 303       // no chroma subsampling, so the quarters' middles are nearly exact
 #define IDR_BMP 304        // the file of IDB_PLAIN
 #define IDR_PNG_ALPHA 305  // (200, 0, 0), (0, 100, 0) at alpha 128; (0, 0, 60) at alpha 0, white
+
+// What the About dialog looked like when somebody last looked: version 2.1.0, with its frame.
+#define IDR_ABOUT 401
