@@ -13,14 +13,11 @@
 //       a row, in any source file; three digits, in the order of declaration, each once in the
 //       program
 
-// The end is read at run time: the compiler takes two variables for apart, and so would run past
-// the end of an empty table.
 #define SECTION_TABLE(name, Record, Accessor)                      \
     SECTION_TABLE_SLOT(name, a, Record, g_##name##Begin, nullptr); \
     SECTION_TABLE_SLOT(name, z, Record, g_##name##End, nullptr);   \
     SlotRange<Record> Accessor() {                                 \
-        Record* const* const volatile end = &g_##name##End;        \
-        return {&g_##name##Begin, end};                            \
+        return SlotsBetween(&g_##name##Begin, &g_##name##End);     \
     }
 
 #define SECTION_TABLE_ROW(name, position, Record, record) \
@@ -31,6 +28,17 @@
 #define SECTION_TABLE_SLOT(name, part, Record, slot, value) \
     extern Record* const slot;                              \
     SECTION_TABLE_PLACED(name, part) Record* const slot = value
+
+/// The slots between two marks, of which the compiler is not to know that they are variables: it
+/// takes what lies behind one variable never to be another, and so would run past the end of an
+/// empty table.
+template <typename Record>
+SlotRange<Record> SlotsBetween(Record* const* beginMark, Record* const* endMark) {
+#if !defined(_MSC_VER)
+    asm("" : "+r"(beginMark), "+r"(endMark));
+#endif
+    return {beginMark, endMark};
+}
 
 #define SECTION_TABLE_TEXT(text) #text
 #if defined(_MSC_VER)
