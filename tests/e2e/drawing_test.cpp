@@ -20,8 +20,8 @@ TEST(Drawing, EachOneLoadsTheApplicationWhichGetsItsDirectory) {
 TEST(Drawing, OpenedLaterLoadsTheApplicationAsWell) {
     Installation installation;
 
-    const HostRun run = installation.Run(
-        {installation.FirstDrawing()}, L"OPEN " + installation.SecondDrawing() + L"\n");
+    const HostRun run = installation.Run({installation.FirstDrawing()},
+                                         L"OPEN " + installation.SecondDrawing() + L"\n");
 
     EXPECT_EQ(Occurrences(run.console, L"[application in second.dwg from "), 1u);
     EXPECT_EQ(run.exitCode, 0u);
@@ -30,18 +30,17 @@ TEST(Drawing, OpenedLaterLoadsTheApplicationAsWell) {
 TEST(Drawing, GetKVTPathIgnoresItsArguments) {
     Installation installation;
 
-    const HostRun run =
-        installation.Run({installation.FirstDrawing()}, L"(strcat \"<\" (getkvtpath 1 nil) \">\")\n");
+    const HostRun run = installation.Run({installation.FirstDrawing()},
+                                         L"(strcat \"<\" (getkvtpath 1 nil) \">\")\n");
 
-    EXPECT_EQ(Occurrences(run.console, L"<" ), 1u + Occurrences(L"(strcat \"<\"", L"<"));
+    EXPECT_EQ(Occurrences(run.console, L"<"), 1u + Occurrences(L"(strcat \"<\"", L"<"));
 }
 
 TEST(Drawing, AMissingApplicationIsSilentAndTheFunctionIsDefined) {
     Installation installation;
     std::filesystem::remove(installation.LispPath());
 
-    const HostRun run = installation.Run({installation.FirstDrawing()},
-                                         L"(strlen (getkvtpath))\n");
+    const HostRun run = installation.Run({installation.FirstDrawing()}, L"(strlen (getkvtpath))\n");
 
     EXPECT_EQ(run.exitCode, 0u);
     EXPECT_EQ(run.console.find(L"error"), std::wstring::npos);
@@ -73,8 +72,8 @@ TEST(Drawing, TheApplicationFindsFilesThroughTheSearchPathOfTheModule) {
 TEST(Drawing, AfterUnloadingTheModuleTheFunctionIsGone) {
     Installation installation;
 
-    const HostRun run = installation.Run({installation.FirstDrawing()},
-                                         L"UNLOAD KVTCAD.arx\n(getkvtpath)\n");
+    const HostRun run =
+        installation.Run({installation.FirstDrawing()}, L"UNLOAD KVTCAD.arx\n(getkvtpath)\n");
 
     EXPECT_NE(run.console.find(L"no function definition: GETKVTPATH"), std::wstring::npos);
 }

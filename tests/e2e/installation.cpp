@@ -21,7 +21,18 @@ std::string ToUtf8(const std::wstring& text) {
     return bytes;
 }
 
-std::wstring Quoted(const std::wstring& text) { return L" \"" + text + L"\""; }
+/// A profile for this process's installations alone.
+std::wstring ProfileName() {
+    return L"e2e-" + std::to_wstring(GetCurrentProcessId());
+}
+
+std::wstring ProfileKey() {
+    return L"Software\\Drafthost\\Profiles\\" + ProfileName();
+}
+
+std::wstring Quoted(const std::wstring& text) {
+    return L" \"" + text + L"\"";
+}
 
 }  // namespace
 
@@ -36,7 +47,8 @@ Installation::Installation(const std::wstring& folderName) : m_folder(folderName
 }
 
 Installation::~Installation() {
-    RegDeleteTreeW(HKEY_CURRENT_USER, (std::wstring(L"Software\\Drafthost\\Profiles\\") + ProfileName()).c_str());
+    // Result ignored: an installation that never ran has no profile.
+    RegDeleteTreeW(HKEY_CURRENT_USER, ProfileKey().c_str());
 }
 
 void Installation::EnableLog() {
@@ -47,7 +59,8 @@ HostRun Installation::Run(const std::vector<std::wstring>& drawings, const std::
                           const std::wstring& directory) {
     std::wstring command = Quoted(ProgramFolder() + L"\\drafthost.exe") + L" --profile" +
                            Quoted(ProfileName()) + L" --load" + Quoted(ModulePath());
-    for (const std::wstring& drawing : drawings) command += L" --open" + Quoted(drawing);
+    for (const std::wstring& drawing : drawings)
+        command += L" --open" + Quoted(drawing);
     ChildOptions options;
     options.directory = directory;
     options.input = ToUtf8(lines);
@@ -59,6 +72,15 @@ HostRun Installation::Run(const std::vector<std::wstring>& drawings, const std::
                       run.console.end());
     run.errors = child.errors;
     return run;
+}
+
+std::wstring Installation::Setting(const std::wstring& name) {
+    wchar_t value[4096] = {};
+    DWORD size = sizeof value;
+    const LSTATUS status =
+        RegGetValueW(HKEY_CURRENT_USER, (ProfileKey() + L"\\Environment").c_str(), name.c_str(),
+                     RRF_RT_REG_SZ, nullptr, value, &size);
+    return status == ERROR_SUCCESS ? value : std::wstring();
 }
 
 std::vector<std::string> Installation::LogMessages() const {
@@ -73,8 +95,8 @@ std::vector<std::string> Installation::LogMessages() const {
 }
 
 std::wstring FromUtf8(const std::string& bytes) {
-    const int size = MultiByteToWideChar(CP_UTF8, 0, bytes.data(), static_cast<int>(bytes.size()),
-                                         nullptr, 0);
+    const int size =
+        MultiByteToWideChar(CP_UTF8, 0, bytes.data(), static_cast<int>(bytes.size()), nullptr, 0);
     std::wstring text(static_cast<size_t>(size), L'\0');
     MultiByteToWideChar(CP_UTF8, 0, bytes.data(), static_cast<int>(bytes.size()), text.data(),
                         size);

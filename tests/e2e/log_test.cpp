@@ -8,12 +8,12 @@
 
 #include <filesystem>
 #include <regex>
+#include <sstream>
 
 namespace {
 
 std::string Narrow(const std::wstring& text) {
-    const int size =
-        WideCharToMultiByte(CP_ACP, 0, text.c_str(), -1, nullptr, 0, nullptr, nullptr);
+    const int size = WideCharToMultiByte(CP_ACP, 0, text.c_str(), -1, nullptr, 0, nullptr, nullptr);
     std::string bytes(static_cast<size_t>(size), '\0');
     WideCharToMultiByte(CP_ACP, 0, text.c_str(), -1, bytes.data(), size, nullptr, nullptr);
     bytes.pop_back();
@@ -54,7 +54,6 @@ TEST(Log, HoldsTheFourLinesOfTheStartAndOneForEachDrawing) {
 // Meant: the third line follows the registry read and not the probe.
 TEST(Log, SaysThatAMissingLocationExistsWhenTheRegistryNamesIt) {
     Installation installation;
-    const std::wstring plain = installation.Folder() + L"\\install\\config.xml\\..";
     installation.EnableLog();
     installation.Registry().SetLocation(installation.Location() + L"\\");
 
@@ -162,7 +161,7 @@ TEST(Log, APlainFileNamedLogsStaysAndTheStartGoesOn) {
 TEST(Log, StaysUpAfterARefusedStart) {
     Installation installation;
     installation.EnableLog();
-    installation.Registry().CreateKey();
+    installation.Registry().DeleteKey();
     installation.Registry().SetLocation(installation.Location());
 
     installation.Run({});

@@ -63,8 +63,9 @@ TEST(Start, PrintsTheBannerOnceAndNeverAtADrawing) {
         installation.Run({installation.FirstDrawing(), installation.SecondDrawing()});
 
     ExpectStarted(run);
-    EXPECT_EQ(Occurrences(run.console, L"\n" + stars + L"\n欢迎使用《KVT CAD辅助设计软件》2026.1 \n"
-                                                       L"官方网站:"),
+    EXPECT_EQ(Occurrences(run.console, L"\n" + stars +
+                                           L"\n欢迎使用《KVT CAD辅助设计软件》2026.1 \n"
+                                           L"官方网站:"),
               1u);
     EXPECT_EQ(Occurrences(run.console, L"\n技术支持:"), 1u);
     EXPECT_EQ(Occurrences(run.console, L"\n\n" + stars), 1u);
@@ -73,7 +74,7 @@ TEST(Start, PrintsTheBannerOnceAndNeverAtADrawing) {
 
 TEST(Start, IsRefusedWithoutLocation) {
     Installation installation;
-    installation.Registry().CreateKey();
+    installation.Registry().DeleteKey();
     installation.Registry().SetVersion(L"2026.1");
     OwnDrive drive(installation.Folder());
 
@@ -84,7 +85,7 @@ TEST(Start, IsRefusedWithoutLocation) {
 
 TEST(Start, WithoutLocationStillLoadsAndWritesConfigAtTheDrivesRoot) {
     Installation installation;
-    installation.Registry().CreateKey();
+    installation.Registry().DeleteKey();
     installation.Registry().SetVersion(L"2026.1");
     OwnDrive drive(installation.Folder());
 
@@ -96,7 +97,7 @@ TEST(Start, WithoutLocationStillLoadsAndWritesConfigAtTheDrivesRoot) {
 
 TEST(Start, WithoutLocationLogsTheTwoFixedTextsWithNothingBetween) {
     Installation installation;
-    installation.Registry().CreateKey();
+    installation.Registry().DeleteKey();
     installation.Registry().SetVersion(L"2026.1");
     WriteFileBytes(installation.Folder() + L"\\config.xml", "<Config><EnableLog/></Config>");
     OwnDrive drive(installation.Folder());
@@ -112,7 +113,7 @@ TEST(Start, WithoutLocationLogsTheTwoFixedTextsWithNothingBetween) {
 
 TEST(Start, IsRefusedWithoutVersionAlthoughNothingElseNeedsIt) {
     Installation installation;
-    installation.Registry().CreateKey();
+    installation.Registry().DeleteKey();
     installation.Registry().SetLocation(installation.Location());
 
     const HostRun run = installation.Run({});
@@ -122,7 +123,7 @@ TEST(Start, IsRefusedWithoutVersionAlthoughNothingElseNeedsIt) {
 
 TEST(Start, IsRefusedWithoutTheKey) {
     Installation installation;
-    installation.Registry().Remove();
+    installation.Registry().DeleteKey();
     OwnDrive drive(installation.Folder());
 
     const HostRun run = installation.Run({}, {}, L"R:\\");
@@ -132,7 +133,7 @@ TEST(Start, IsRefusedWithoutTheKey) {
 
 TEST(Start, LooksInThe32BitViewAlone) {
     Installation installation;
-    installation.Registry().CreateKey();
+    installation.Registry().DeleteKey();
     installation.Registry().SetVersion(L"2026.1");
     installation.Registry().SetLocationIn64BitView(installation.Location());
     OwnDrive drive(installation.Folder());
@@ -189,8 +190,8 @@ TEST(Start, WorksAtALocationWithBlanksAndChineseCharacters) {
     const HostRun run = installation.Run({installation.FirstDrawing()});
 
     ExpectStarted(run);
-    EXPECT_EQ(Occurrences(run.console, L"[application in first.dwg from " +
-                                           installation.Location() + L"]"),
+    EXPECT_EQ(Occurrences(run.console,
+                          L"[application in first.dwg from " + installation.Location() + L"]"),
               1u);
 }
 

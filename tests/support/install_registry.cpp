@@ -49,12 +49,12 @@ InstallRegistry::InstallRegistry() {
         m_values.push_back(value);
     }
     RegCloseKey(key);
-    RegDeleteKeyExW(HKEY_LOCAL_MACHINE, keyPath, KEY_WOW64_32KEY, 0);
+    DeleteKey();
 }
 
 InstallRegistry::~InstallRegistry() {
     if (m_made64BitKey) RegDeleteKeyExW(HKEY_LOCAL_MACHINE, keyPath, KEY_WOW64_64KEY, 0);
-    RegDeleteKeyExW(HKEY_LOCAL_MACHINE, keyPath, KEY_WOW64_32KEY, 0);
+    DeleteKey();
     if (!m_existed) return;
     CreateKey();
     for (const Value& value : m_values)
@@ -63,6 +63,10 @@ InstallRegistry::~InstallRegistry() {
 
 void InstallRegistry::CreateKey() {
     StoreValue(KEY_WOW64_32KEY, nullptr, REG_NONE, nullptr, 0);
+}
+
+void InstallRegistry::DeleteKey() {
+    RegDeleteKeyExW(HKEY_LOCAL_MACHINE, keyPath, KEY_WOW64_32KEY, 0);
 }
 
 void InstallRegistry::SetLocation(const std::wstring& location) {

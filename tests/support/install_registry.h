@@ -17,6 +17,8 @@ class InstallRegistry {
 
     /// Creates the key without values.
     void CreateKey();
+    /// Deletes the key with its values, as at the start.
+    void DeleteKey();
     void SetLocation(const std::wstring& location);
     void SetVersion(const std::wstring& version);
 
