@@ -34,9 +34,8 @@ format-check: ## Say which sources are not laid out by .clang-format
 	@tools/setup-packages
 	@tools/format --check
 
-lint: build ## clang-tidy over every source
+lint: setup ## clang-tidy over every source
 	@tools/setup-dependencies bench
-	@cmake --preset drafthost -DKVT_BENCH=ON >build/logs/configure-bench.log
 	@tools/lint
 
 bench: setup ## Time our code beside the bare calls; the table goes to build/bench

@@ -31,7 +31,7 @@ std::wstring ProfileKey() {
 }
 
 std::wstring Quoted(const std::wstring& text) {
-    return L" \"" + text + L"\"";
+    return L"\"" + text + L"\"";
 }
 
 }  // namespace
@@ -57,14 +57,20 @@ void Installation::EnableLog() {
 
 HostRun Installation::Run(const std::vector<std::wstring>& drawings, const std::wstring& lines,
                           const std::wstring& directory) {
-    std::wstring command = Quoted(ProgramFolder() + L"\\drafthost.exe") + L" --profile" +
-                           Quoted(ProfileName()) + L" --load" + Quoted(ModulePath());
+    std::wstring arguments = L"--load " + Quoted(ModulePath());
     for (const std::wstring& drawing : drawings)
-        command += L" --open" + Quoted(drawing);
+        arguments += L" --open " + Quoted(drawing);
+    return RunHost(arguments, lines, directory);
+}
+
+HostRun Installation::RunHost(const std::wstring& arguments, const std::wstring& lines,
+                              const std::wstring& directory) {
     ChildOptions options;
     options.directory = directory;
     options.input = ToUtf8(lines);
-    const ChildResult child = RunChild(command, options);
+    const ChildResult child = RunChild(Quoted(ProgramFolder() + L"\\drafthost.exe") +
+                                           L" --profile " + ProfileName() + L" " + arguments,
+                                       options);
     HostRun run;
     run.exitCode = child.timedOut ? ~0ul : child.exitCode;
     run.console = FromUtf8(child.output);

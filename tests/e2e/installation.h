@@ -43,10 +43,15 @@ class Installation {
     /// Switches the log on by the setting that the module looks for.
     void EnableLog();
 
-    /// Runs drafthost with the module, the drawings and `lines` as its input, under a profile of
-    /// this installation's own, which lasts from run to run. `directory` empty: the caller's.
+    /// Runs drafthost with the module, the drawings (none: one new drawing) and `lines` as its
+    /// input, under a profile of this installation's own, which lasts from run to run. `directory`
+    /// empty: the caller's.
     HostRun Run(const std::vector<std::wstring>& drawings, const std::wstring& lines = {},
                 const std::wstring& directory = {});
+
+    /// As above without the module and with other arguments, blanks between them.
+    HostRun RunHost(const std::wstring& arguments, const std::wstring& lines,
+                    const std::wstring& directory = {});
 
     /// The profile's value of the setting, as the last run left it.
     std::wstring Setting(const std::wstring& name);

@@ -103,13 +103,14 @@ TEST(Log, ASecondRunAppendsAHeaderAndItsLines) {
 
     installation.Run({});
     const std::string first = ReadFileBytes(installation.LogPath());
+    const size_t lines = installation.LogMessages().size();
     installation.Run({});
     const std::string both = ReadFileBytes(installation.LogPath());
 
     EXPECT_EQ(Count(first, "Log file created at: "), 1u);
     EXPECT_EQ(both.compare(0, first.size(), first), 0) << "the first run's bytes were changed";
     EXPECT_EQ(Count(both, "Log file created at: "), 2u);
-    EXPECT_EQ(installation.LogMessages().size(), 8u);
+    EXPECT_EQ(installation.LogMessages().size(), 2 * lines);
 }
 
 TEST(Log, IsInTheAnsiCodePageWithoutUtf8) {

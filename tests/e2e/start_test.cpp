@@ -12,7 +12,7 @@ namespace {
 
 const std::wstring stars(55, L'*');
 const std::wstring refusal = L"\n《KVT CAD辅助设计软件》可能没有正确安装";
-constexpr unsigned long refusedExitCode = 4;
+constexpr unsigned long refusedExitCode = 13;
 
 /// Holds a file open without sharing, so that nobody else can open it at all.
 class LockedFile {
@@ -28,18 +28,17 @@ class LockedFile {
     HANDLE m_file;
 };
 
-/// A drive letter for a folder, so that a path with no drive lands where the test can look.
+/// The drive that `with_drive` has made for this program, without config.xml at the start and at
+/// the end: a path without a drive lands in its root when it is the current one.
 class OwnDrive {
   public:
-    explicit OwnDrive(const std::wstring& folder) : m_folder(folder) {
-        DefineDosDeviceW(0, L"R:", m_folder.c_str());
-    }
+    OwnDrive() { DeleteFileW(configPath); }
     OwnDrive(const OwnDrive&) = delete;
     OwnDrive& operator=(const OwnDrive&) = delete;
-    ~OwnDrive() { DefineDosDeviceW(DDD_REMOVE_DEFINITION, L"R:", m_folder.c_str()); }
+    ~OwnDrive() { DeleteFileW(configPath); }
 
-  private:
-    std::wstring m_folder;
+    static constexpr wchar_t root[] = L"R:\\";
+    static constexpr wchar_t configPath[] = L"R:\\config.xml";
 };
 
 void ExpectRefused(const HostRun& run) {
@@ -76,9 +75,9 @@ TEST(Start, IsRefusedWithoutLocation) {
     Installation installation;
     installation.Registry().DeleteKey();
     installation.Registry().SetVersion(L"2026.1");
-    OwnDrive drive(installation.Folder());
+    OwnDrive drive;
 
-    const HostRun run = installation.Run({}, {}, L"R:\\");
+    const HostRun run = installation.Run({}, {}, OwnDrive::root);
 
     ExpectRefused(run);
 }
@@ -87,22 +86,21 @@ TEST(Start, WithoutLocationStillLoadsAndWritesConfigAtTheDrivesRoot) {
     Installation installation;
     installation.Registry().DeleteKey();
     installation.Registry().SetVersion(L"2026.1");
-    OwnDrive drive(installation.Folder());
+    OwnDrive drive;
 
-    installation.Run({}, {}, L"R:\\");
+    installation.Run({}, {}, OwnDrive::root);
 
-    EXPECT_NE(ReadFileBytes(installation.Folder() + L"\\config.xml").find("<Config"),
-              std::string::npos);
+    EXPECT_NE(ReadFileBytes(OwnDrive::configPath).find("<Config"), std::string::npos);
 }
 
 TEST(Start, WithoutLocationLogsTheTwoFixedTextsWithNothingBetween) {
     Installation installation;
     installation.Registry().DeleteKey();
     installation.Registry().SetVersion(L"2026.1");
-    WriteFileBytes(installation.Folder() + L"\\config.xml", "<Config><EnableLog/></Config>");
-    OwnDrive drive(installation.Folder());
+    OwnDrive drive;
+    WriteFileBytes(OwnDrive::configPath, "<Config><EnableLog/></Config>");
 
-    installation.Run({}, {}, L"R:\\");
+    installation.Run({}, {}, OwnDrive::root);
 
     const std::vector<std::string> log = installation.LogMessages();
     ASSERT_EQ(log.size(), 4u);
@@ -124,9 +122,9 @@ TEST(Start, IsRefusedWithoutVersionAlthoughNothingElseNeedsIt) {
 TEST(Start, IsRefusedWithoutTheKey) {
     Installation installation;
     installation.Registry().DeleteKey();
-    OwnDrive drive(installation.Folder());
+    OwnDrive drive;
 
-    const HostRun run = installation.Run({}, {}, L"R:\\");
+    const HostRun run = installation.Run({}, {}, OwnDrive::root);
 
     ExpectRefused(run);
 }
@@ -136,9 +134,9 @@ TEST(Start, LooksInThe32BitViewAlone) {
     installation.Registry().DeleteKey();
     installation.Registry().SetVersion(L"2026.1");
     installation.Registry().SetLocationIn64BitView(installation.Location());
-    OwnDrive drive(installation.Folder());
+    OwnDrive drive;
 
-    const HostRun run = installation.Run({}, {}, L"R:\\");
+    const HostRun run = installation.Run({}, {}, OwnDrive::root);
 
     ExpectRefused(run);
 }
@@ -161,14 +159,17 @@ TEST(Start, IsRefusedWhenConfigCanNeitherBeReadNorWritten) {
     ExpectRefused(run);
 }
 
-TEST(Start, ARefusedStartLeavesTheHostAtItsPrompt) {
+TEST(Start, ARefusedStartAtThePromptLeavesTheHostThere) {
     Installation installation;
     installation.Registry().SetLocation(installation.Folder() + L"\\elsewhere");
 
-    const HostRun run = installation.Run({installation.FirstDrawing()}, L"(+ 40 2)\n");
+    const HostRun run =
+        installation.RunHost({}, L"APPLOAD " + installation.ModulePath() + L"\n(+ 40 2)\n");
 
-    EXPECT_EQ(Occurrences(run.console, L"42"), 1u);
+    EXPECT_EQ(Occurrences(run.console, refusal), 1u);
+    EXPECT_EQ(Occurrences(run.console, L"\n42\n"), 1u);
     EXPECT_EQ(run.console.find(L"[application in "), std::wstring::npos);
+    EXPECT_EQ(run.exitCode, 0u);
 }
 
 // Meant: any kind of path counts as present; the load of the configuration decides.

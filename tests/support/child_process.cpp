@@ -63,7 +63,8 @@ ChildResult RunChild(const std::wstring& commandLine, const ChildOptions& option
     if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr,
                         options.directory.empty() ? nullptr : options.directory.c_str(), &startup,
                         &process)) {
-        throw std::runtime_error("the child process can't be started");
+        throw std::runtime_error("the child process can't be started: error " +
+                                 std::to_string(GetLastError()));
     }
     input.CloseRead();
     output.CloseWrite();
@@ -103,5 +104,5 @@ std::wstring ProgramFolder() {
     wchar_t path[MAX_PATH] = {};
     GetModuleFileNameW(nullptr, path, MAX_PATH);
     const std::wstring file = path;
-    return file.substr(0, file.rfind(L'\\'));
+    return file.substr(0, file.find_last_of(L"\\/"));
 }

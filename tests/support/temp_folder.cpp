@@ -10,10 +10,11 @@ TempFolder::TempFolder(const std::wstring& name) {
     static std::atomic<unsigned> count{0};
     wchar_t base[MAX_PATH] = {};
     GetTempPathW(MAX_PATH, base);
-    m_path = std::wstring(base) + name + L"-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
-             std::to_wstring(++count);
-    std::filesystem::remove_all(m_path);
-    std::filesystem::create_directories(m_path);
+    // A folder that an ended run could not delete may have this process's number too.
+    do {
+        m_path = std::wstring(base) + name + L"-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
+                 std::to_wstring(++count);
+    } while (!std::filesystem::create_directories(m_path));
 }
 
 TempFolder::~TempFolder() {
