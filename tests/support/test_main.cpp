@@ -16,11 +16,16 @@
 
 namespace {
 
-constexpr DWORD hangMilliseconds = 100000;  // Below the time-out that ctest gives a program.
+constexpr DWORD hangMilliseconds = 90000;  // For one test; below ctest's time-out of a program.
 constexpr UINT hangExitCode = 99;
 
 const ChildScenario* g_scenarios = nullptr;
 HANDLE g_finished = nullptr;
+HANDLE g_testStarted = nullptr;
+
+class ProgressListener : public testing::EmptyTestEventListener {
+    void OnTestStart(const testing::TestInfo&) override { SetEvent(g_testStarted); }
+};
 
 void PrintFrame(DWORD64 address) {
     HMODULE module = nullptr;
@@ -61,8 +66,13 @@ void PrintStack(DWORD threadId) {
 }
 
 DWORD WINAPI WatchForHang(void*) {
-    if (WaitForSingleObject(g_finished, hangMilliseconds) == WAIT_OBJECT_0) return 0;
-    std::fprintf(stderr, "the tests hang; stacks of all threads:\n");
+    const HANDLE events[] = {g_finished, g_testStarted};
+    DWORD reason = WAIT_TIMEOUT;
+    do {
+        reason = WaitForMultipleObjects(2, events, FALSE, hangMilliseconds);
+        if (reason == WAIT_OBJECT_0) return 0;
+    } while (reason != WAIT_TIMEOUT);
+    std::fprintf(stderr, "a test hangs; stacks of all threads:\n");
     SymInitialize(GetCurrentProcess(), nullptr, TRUE);
     HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0);
     THREADENTRY32 entry = {};
@@ -98,8 +108,10 @@ int wmain(int argc, wchar_t** argv) {
         return 98;
     }
     g_finished = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    g_testStarted = CreateEventW(nullptr, FALSE, FALSE, nullptr);
     HANDLE watcher = CreateThread(nullptr, 0, WatchForHang, nullptr, 0, nullptr);
     testing::InitGoogleMock(&argc, argv);
+    testing::UnitTest::GetInstance()->listeners().Append(new ProgressListener);
     const int result = RUN_ALL_TESTS();
     SetEvent(g_finished);
     WaitForSingleObject(watcher, INFINITE);
