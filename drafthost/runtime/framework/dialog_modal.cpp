@@ -65,6 +65,13 @@ void CloseDialog(HWND dialog, DisabledOwner& owner) {
     ::DestroyWindow(dialog);
 }
 
+void ShowActive(HWND dialog) {
+    ::ShowWindow(dialog, SW_SHOWNORMAL);
+    // Its first control has the focus by now and has made it active while it was hidden, which can
+    // leave the caption drawn as that of an inactive window.
+    if (GetActiveWindow() == dialog) ::SendMessageW(dialog, WM_NCACTIVATE, TRUE, 0);
+}
+
 void HandleQueued(CFrameworkThread& thread, HWND dialog, MSG& message) {
     const TemporaryScope scope(thread);
     try {
@@ -125,7 +132,7 @@ void CDialog::EndDialog(int result) {
 
 void CDialog::RunModalLoop() {
     CFrameworkThread& thread = CFrameworkThread::Current();
-    if (m_goesOn) ShowWindow(SW_SHOWNORMAL);
+    if (m_goesOn) ShowActive(m_hWnd);
     bool painted = false;
     while (m_goesOn && m_hWnd != nullptr && thread.m_exception == nullptr) {
         MSG message = {};

@@ -114,6 +114,21 @@ TEST(Dialog, IsShownAlthoughItsTemplateIsNotVisible) {
     EXPECT_TRUE(visible);
 }
 
+TEST(Dialog, HasTheCaptionOfTheActiveWindow) {
+    bool found = false;
+    DialogDriver driver({[&](HWND dialog) {
+        const HDC context = GetWindowDC(dialog);
+        for (int y = 0; y < 20; ++y)
+            found = found || GetPixel(context, 60, y) == GetSysColor(COLOR_ACTIVECAPTION);
+        ReleaseDC(dialog, context);
+        ClickOk(dialog);
+    }});
+
+    Form().DoModal();
+
+    EXPECT_TRUE(found);
+}
+
 TEST(Dialog, EndedInItsInitialisationIsNeverShown) {
     DialogDriver driver({});
     Form form;
