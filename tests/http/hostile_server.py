@@ -41,16 +41,26 @@ def pattern(connection, request):
     connection.sendall(head() + body)
 
 
+reset_wanted = threading.Event()
+reset_done = threading.Event()
+
+
 def reset_in_body(connection, request):
+    """Resets the connection in the body when /reset-now asks for it."""
     connection.sendall(head(100) + b"0123456789")
-    wait_until_read(connection)
+    reset_wanted.wait(20)
     # A close without the wait for delivery resets the connection.
     connection.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, struct.pack("ii", 1, 0))
+    connection.close()
+    reset_wanted.clear()
+    reset_done.set()
 
 
-def wait_until_read(connection):
-    """Gives the client the time to take what was sent: a reset may drop it on the way."""
-    time.sleep(0.3)
+def reset_now(connection, request):
+    reset_done.clear()
+    reset_wanted.set()
+    reset_done.wait(20)
+    connection.sendall(head(4) + b"done")
 
 
 def silent(connection, request):
@@ -100,6 +110,7 @@ BEHAVIOURS = {
         head(None, "200 OK", "Transfer-Encoding: chunked") + b"xyz\r\n0123456789\r\n0\r\n\r\n"
     ),
     "/reset-in-body": reset_in_body,
+    "/reset-now": reset_now,
     "/longer-than-told": raw(head(5) + b"0123456789"),
     "/negative-length": raw(head(-1) + b"0123456789"),
     "/silent": silent,

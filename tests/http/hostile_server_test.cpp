@@ -3,8 +3,14 @@
 
 #include "http/exchange.h"
 
+#include "support/import_hook.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <windows.h>
+// Needs windows.h ahead of it.
+#include <winhttp.h>
 
 using testing::EndsWith;
 using testing::StartsWith;
@@ -27,6 +33,16 @@ void ExpectBody(const Outcome& outcome, const std::string& body) {
     EXPECT_EQ(outcome.status, 200u);
 }
 
+using QueryDataAvailable = decltype(&WinHttpQueryDataAvailable);
+QueryDataAvailable g_available = nullptr;
+int g_callsToReset = 0;
+
+/// Has the server reset the connection between two reads, once all that it sent has been read.
+BOOL WINAPI ResetAheadOfReading(HINTERNET request, LPDWORD count) {
+    if (--g_callsToReset == 0) Get(HostileUrl(L"/reset-now"));
+    return g_available(request, count);
+}
+
 }  // namespace
 
 TEST(HostileServer, ClosesAheadOfTheStatusLine) {
@@ -47,9 +63,20 @@ TEST(HostileServer, ClosesInTheBody) {
 
 TEST(HostileServer, BreaksTheBodyOff) {
     // Not to be told from an empty body.
-    ExpectBody(Get(HostileUrl(L"/reset-in-body")), "");
     ExpectBody(Get(HostileUrl(L"/bad-chunk-size")), "");
     ExpectBody(Get(HostileUrl(L"/empty")), "");
+}
+
+TEST(HostileServer, ResetsTheConnectionInTheBody) {
+    const ImportHook<QueryDataAvailable> hook("WINHTTP.dll", "WinHttpQueryDataAvailable",
+                                              &ResetAheadOfReading);
+    g_available = hook.Original();
+    g_callsToReset = 2;
+
+    // Wine takes a reset that doesn't find it waiting for the end of the body.
+    ExpectBody(Get(HostileUrl(L"/reset-in-body")), "0123456789");
+
+    EXPECT_LE(g_callsToReset, 0);
 }
 
 TEST(HostileServer, SendsMoreThanAnnounced) {

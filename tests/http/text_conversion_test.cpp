@@ -40,9 +40,13 @@ int WINAPI NoteToNarrow(UINT codePage, DWORD flags, LPCWCH wide, int length, LPS
     return g_toNarrow(codePage, flags, wide, length, text, size, defaultCharacter, usedDefault);
 }
 
+int g_failures = 0;
+
 int WINAPI FailToWide(UINT, DWORD, LPCCH, int, LPWSTR, int) {
+    ++g_failures;
     return 0;
 }
+
 int WINAPI FailToNarrow(UINT, DWORD, LPCWCH, int, LPSTR, int, LPCCH, LPBOOL) {
     return 0;
 }
@@ -90,8 +94,11 @@ TEST(AnsiToWide, GivesAnEmptyTextBackWithoutAConversion) {
 
 TEST(AnsiToWide, IsEmptyWhenTheTextCannotBeSized) {
     const ImportHook<ToWide> hook("KERNEL32.dll", "MultiByteToWideChar", &FailToWide);
+    g_failures = 0;
 
     EXPECT_EQ(AnsiToWide("plain"), L"");
+
+    EXPECT_EQ(g_failures, 1);  // The text isn't converted after that.
 }
 
 TEST(Utf8ToAnsi, GivesTheCodePageOfTheSystem) {
