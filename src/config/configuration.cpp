@@ -79,7 +79,6 @@ bool Configuration::Load(std::wstring path) {
     ReadDocument(document, CStringA(path.c_str()));
     if (document.ErrorID() == tinyxml2::XML_SUCCESS) {
         fileName = std::move(path);
-        modified = false;
         return true;
     }
 

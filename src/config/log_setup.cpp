@@ -1,5 +1,6 @@
 #include "config/log_setup.h"
 
+#include "config/log_file_name.h"
 #include "config/log_prefix.h"
 #include "host/module_handles.h"
 #include "install/path_probe.h"
@@ -8,13 +9,11 @@
 
 namespace {
 
-/// One file for each severity and no host, user, date or process in its name, unlike the library's
-/// stock names. A severity left out would get a stock name in the temporary folder.
 void NameLogFiles(const std::string& directory, const std::string& name) {
+    // A severity left out would get a file with a stock name in the temporary folder.
     for (google::LogSeverity severity = 0; severity < google::NUM_SEVERITIES; ++severity) {
-        std::string file = directory;
-        file.append("/").append(name).append(".").append(google::GetLogSeverityName(severity));
-        google::SetLogDestination(severity, file.c_str());
+        const std::string base = LogFileBase(directory, name, google::GetLogSeverityName(severity));
+        google::SetLogDestination(severity, base.c_str());
     }
     google::SetLogFilenameExtension(".log");
 }

@@ -9,11 +9,14 @@
 
 #include <gtest/gtest.h>
 
+#include <windows.h>
+
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <iterator>
+#include <set>
 #include <string>
 #include <type_traits>
 
@@ -130,6 +133,33 @@ TEST(ConfigurationLoad, OpensThePathInTheAnsiCodePage) {
     configuration.Load(L"没有 的\\config.xml");
 
     EXPECT_EQ(g_openedPath, "没有 的\\config.xml");
+}
+
+namespace {
+
+decltype(&WideCharToMultiByte) g_narrow = nullptr;
+std::set<UINT> g_codePages;
+
+int WINAPI RecordsCodePages(UINT codePage, DWORD flags, const wchar_t* wide, int wideLength,
+                            char* narrow, int narrowSize, const char* fallback,
+                            BOOL* usedFallback) {
+    g_codePages.insert(codePage);
+    return g_narrow(codePage, flags, wide, wideLength, narrow, narrowSize, fallback, usedFallback);
+}
+
+}  // namespace
+
+TEST(ConfigurationLoad, NamesNoCodePage) {
+    const TempFolder folder;
+    const std::wstring path = folder / L"config.xml";
+    Configuration configuration;
+    const ImportHook<decltype(&WideCharToMultiByte)> hook("KERNEL32.dll", "WideCharToMultiByte",
+                                                          &RecordsCodePages);
+    g_narrow = hook.Original();
+
+    ASSERT_TRUE(configuration.Load(path));
+
+    EXPECT_EQ(g_codePages, std::set<UINT>{CP_ACP});
 }
 
 TEST(ConfigurationLoad, WritesTheDefaultDocumentOverWhatCantBeRead) {

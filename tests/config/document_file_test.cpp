@@ -93,13 +93,16 @@ TEST(ReadDocument, SetsErrorThreeWithThePathWhenTheFileCantBeOpened) {
     EXPECT_TRUE(document.NoChildren());
 }
 
-TEST(ReadDocument, SetsErrorFourForANullPath) {
+TEST(ReadDocument, SetsErrorFourForANullPathWithoutAnOpening) {
     tinyxml2::XMLDocument document;
+    g_mode.clear();
+    const FopenS hook("msvcrt.dll", "fopen_s", &RecordsModeAndFails);
 
     ReadDocument(document, nullptr);
 
     EXPECT_EQ(static_cast<int>(document.ErrorID()), 4);
     EXPECT_THAT(document.ErrorStr(), HasSubstr("filename=<null>"));
+    EXPECT_EQ(g_mode, "");
 }
 
 TEST(ReadDocument, OpensInBinaryMode) {
@@ -214,13 +217,16 @@ TEST(WriteDocument, SetsErrorFourWithThePathWhenTheFileCantBeOpened) {
     EXPECT_STREQ(document.FirstChildElement()->Value(), "Config");
 }
 
-TEST(WriteDocument, SetsErrorFourForANullPath) {
+TEST(WriteDocument, SetsErrorFourForANullPathWithoutAnOpening) {
     tinyxml2::XMLDocument document;
+    g_mode.clear();
+    const FopenS hook("msvcrt.dll", "fopen_s", &RecordsModeAndFails);
 
     WriteDocument(document, nullptr);
 
     EXPECT_EQ(document.ErrorID(), XML_ERROR_FILE_COULD_NOT_BE_OPENED);
     EXPECT_THAT(document.ErrorStr(), HasSubstr("filename=<null>"));
+    EXPECT_EQ(g_mode, "");
 }
 
 TEST(WriteDocument, OpensInTextModeAndTriesTheLibrarysOwnOpenNext) {
