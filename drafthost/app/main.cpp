@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
+#include <optional>
 
 using drafthost::Console;
 using drafthost::ExitCode;
@@ -48,11 +49,14 @@ std::wstring AddSources(Console& console, const Options& options) {
     return {};
 }
 
-/// Makes the folder for the pictures if it isn't there; false when that fails.
-bool PreparePictureFolder(const std::wstring& folder) {
+/// The full path of the folder for the pictures, made if it isn't there; nothing when that fails.
+std::optional<std::wstring> MakePictureFolder(const std::wstring& folder) {
+    if (folder.empty()) return folder;
     std::error_code error;
-    if (!folder.empty()) std::filesystem::create_directories(folder, error);
-    return !error;
+    std::filesystem::path path = std::filesystem::absolute(folder, error);
+    if (!error) std::filesystem::create_directories(path, error);
+    if (error) return {};
+    return path.make_preferred().wstring();
 }
 
 ExitCode RunSession(const Options& options) {
@@ -62,7 +66,8 @@ ExitCode RunSession(const Options& options) {
         WriteTo(STD_ERROR_HANDLE, L"drafthost: the script " + missing + L" can't be read.\n");
         return ExitCode::FileMissing;
     }
-    if (!PreparePictureFolder(options.pictureFolder)) {
+    const auto pictureFolder = MakePictureFolder(options.pictureFolder);
+    if (!pictureFolder) {
         WriteTo(STD_ERROR_HANDLE,
                 L"drafthost: the folder " + options.pictureFolder + L" can't be made.\n");
         return ExitCode::FileMissing;
@@ -73,7 +78,7 @@ ExitCode RunSession(const Options& options) {
         return ExitCode::UsageError;
     }
     SetConsoleCtrlHandler(OnControlEvent, TRUE);
-    const drafthost::DialogAttendant attendant({options.pictureFolder, options.answer,
+    const drafthost::DialogAttendant attendant({*pictureFolder, options.answer,
                                                 [&] { return console.IsLineTyped(); },
                                                 options.dialogDeadline});
     ExitCode code = console.Begin();
