@@ -110,7 +110,13 @@ TEST_F(AboutDialogShown, ALogoThatIsMissingLeavesTheRestAsEver) {
 
     const int shown = Show(0, [](HWND dialog) {
         EXPECT_EQ(TextOf(Descendant(dialog, 124)), ProductText(InstallVersion));
-        EXPECT_TRUE(IsWindowVisible(Descendant(dialog, 125)));
+        const HWND logo = Descendant(dialog, 125);
+        RECT client = {};
+        GetClientRect(logo, &client);
+        HDC logoDC = GetDC(logo);
+        EXPECT_EQ(GetPixel(logoDC, client.right - 1, client.bottom - 1), GetSysColor(COLOR_3DFACE))
+            << "the default paint";
+        ReleaseDC(logo, logoDC);
     });
 
     EXPECT_EQ(shown, 1);

@@ -16,6 +16,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -163,6 +165,41 @@ TEST_F(AboutSteps, TheTabIsTheRemainderByTheCount) {
 
         EXPECT_EQ(CallJournal::Count(row.active), 1);
     }
+}
+
+// The end of the dialog.
+
+using DestructorFunction = void (*)(void*);
+DestructorFunction g_endWindow = nullptr;
+DestructorFunction g_endImage = nullptr;
+std::vector<void*> g_ended;
+size_t g_endedBeforeImage = 0;
+
+void NoteEndOfWindow(void* window) {
+    g_ended.push_back(window);
+    g_endWindow(window);
+}
+void NoteEndOfImage(void* image) {
+    g_endedBeforeImage = g_ended.size();
+    g_endImage(image);
+}
+
+TEST_F(AboutSteps, TheEndGoesFromTheLogoToTheDialog) {
+    const ImportHook<DestructorFunction> endWindow(nullptr, "_ZN4CWndD2Ev", &NoteEndOfWindow);
+    const ImportHook<DestructorFunction> endImage(nullptr, "_ZN6CImageD1Ev", &NoteEndOfImage);
+    g_endWindow = endWindow.Original();
+    g_endImage = endImage.Original();
+    g_ended.clear();
+    auto dialog = std::make_unique<AboutDialog>(0);
+    void* const object = dialog.get();
+
+    dialog.reset();
+
+    // In the object the dialog's base, the tab, the page and the page's logo follow one another.
+    ASSERT_EQ(g_ended.size(), 4u);
+    EXPECT_TRUE(std::is_sorted(g_ended.rbegin(), g_ended.rend())) << "logo, page, tab, dialog";
+    EXPECT_EQ(g_ended.back(), object);
+    EXPECT_EQ(g_endedBeforeImage, 0u);
 }
 
 // The opening sequence of the command.

@@ -105,6 +105,38 @@ TEST(ImageFile, PixelsWithAlphaStayAsTheFileHasThem) {
     EXPECT_EQ(bottom[0], 0x0000003Cu) << "colour under no alpha is kept";
 }
 
+int g_locks = 0;
+decltype(&GdipBitmapLockBits) g_lockBits = nullptr;
+decltype(&GdipBitmapUnlockBits) g_unlockBits = nullptr;
+
+GpStatus WINGDIPAPI NoteLock(GpBitmap* bitmap, GDIPCONST Gdiplus::Rect* rectangle, UINT mode,
+                             Gdiplus::PixelFormat format, Gdiplus::BitmapData* data) {
+    ++g_locks;
+    EXPECT_EQ(mode, static_cast<UINT>(Gdiplus::ImageLockModeRead));
+    EXPECT_EQ(format, PixelFormat24bppRGB) << "the rows as they are";
+    return g_lockBits(bitmap, rectangle, mode, format, data);
+}
+GpStatus WINGDIPAPI NoteUnlock(GpBitmap* bitmap, Gdiplus::BitmapData* data) {
+    --g_locks;
+    return g_unlockBits(bitmap, data);
+}
+
+TEST(ImageFile, RowsAreUnlockedAgain) {
+    const TempFolder folder;
+    const ImportHook<decltype(&GdipBitmapLockBits)> lock(RuntimeDll(), nullptr,
+                                                         "GdipBitmapLockBits", &NoteLock);
+    const ImportHook<decltype(&GdipBitmapUnlockBits)> unlock(RuntimeDll(), nullptr,
+                                                             "GdipBitmapUnlockBits", &NoteUnlock);
+    g_lockBits = lock.Original();
+    g_unlockBits = unlock.Original();
+    g_locks = 0;
+    CImage image;
+
+    ASSERT_EQ(image.Load(WritePicture(folder, L"plain.png", IDR_PNG).c_str()), S_OK);
+
+    EXPECT_EQ(g_locks, 0);
+}
+
 TEST(ImageFile, ASecondFileDoesNotDeleteTheFirstBitmap) {
     const TempFolder folder;
     CImage image;
