@@ -29,9 +29,8 @@ bool IsInModule(HMODULE module, const void* address) {
     return byte >= base && byte < base + nt->OptionalHeader.SizeOfImage;
 }
 
-bool IsObjectOfModule(HMODULE module, const void* polymorphicObject) {
-    return IsInModule(module, polymorphicObject) ||
-           IsInModule(module, *static_cast<const void* const*>(polymorphicObject));
+bool IsDraftingModule(HMODULE image) {
+    return GetProcAddress(image, "acrxEntryPoint") != nullptr;
 }
 
 HMODULE CallingModule(const void* returnAddress) {
@@ -45,9 +44,20 @@ HMODULE CallingModule(const void* returnAddress) {
     return running == nullptr ? nullptr : running->Module();
 }
 
+HMODULE CallingModuleOnStack() {
+    void* frames[62] = {};
+    const USHORT count = RtlCaptureStackBackTrace(0, 62, frames, nullptr);
+    for (USHORT index = 0; index < count; ++index) {
+        const HMODULE image = ModuleAt(frames[index]);
+        if (image != nullptr && IsDraftingModule(image)) return image;
+    }
+    return nullptr;
+}
+
 std::wstring ModuleName(HMODULE module) {
     wchar_t path[MAX_PATH] = {};
-    if (module == nullptr || GetModuleFileNameW(module, path, MAX_PATH) == 0) return L"?";
+    if (module == nullptr || GetModuleFileNameW(module, path, MAX_PATH) == 0)
+        return L"an unknown module";
     const std::wstring file = path;
     return file.substr(file.rfind(L'\\') + 1);
 }

@@ -12,16 +12,19 @@ HMODULE ModuleAt(const void* address);
 /// Whether `address` lies in the image of `module`.
 bool IsInModule(HMODULE module, const void* address);
 
-/// Whether the object itself or its virtual function table lies in the image of `module`: then it
-/// is worthless once the module has gone.
-bool IsObjectOfModule(HMODULE module, const void* polymorphicObject);
+/// Whether the image has the entry point of a drafting module.
+bool IsDraftingModule(HMODULE image);
 
 /// The module that a host service works for, given the service's return address: the image that
-/// holds the address, or, when the call came by way of the host itself, the module whose code the
-/// host is running. Null when no module is involved.
+/// holds the address, or, when that is the host's own, the module whose code the host is running.
+/// Null when no module is involved.
 HMODULE CallingModule(const void* returnAddress);
 
-/// The file name without its folder, such as "KVTCAD.arx"; "?" when the image has gone.
+/// The innermost module on the stack of the running thread; null when there is none, as when a
+/// thread's function ends in the call.
+HMODULE CallingModuleOnStack();
+
+/// The file name without its folder, such as "KVTCAD.arx"; "an unknown module" for null.
 std::wstring ModuleName(HMODULE module);
 
 }  // namespace drafthost

@@ -97,13 +97,13 @@ bool AcRxClass::isDerivedFrom(const AcRxClass* other) const {
 
 AcRxClass* newAcRxClass(const ACHAR* className, const ACHAR* parentClassName) {
     const void* caller = __builtin_return_address(0);
-    if (!drafthost::IsHostThread(L"newAcRxClass", caller) || g_classes == nullptr) return nullptr;
+    if (!drafthost::IsHostThread(L"newAcRxClass") || g_classes == nullptr) return nullptr;
     return Register(className, parentClassName, drafthost::CallingModule(caller));
 }
 
 void deleteAcRxClass(AcRxClass* descriptor) {
     const void* caller = __builtin_return_address(0);
-    if (!drafthost::IsHostThread(L"deleteAcRxClass", caller)) return;
+    if (!drafthost::IsHostThread(L"deleteAcRxClass")) return;
     if (descriptor == nullptr || g_classes == nullptr) return;
     const std::vector<AcRxClass*> all = AllClasses();
     if (std::find(all.begin(), all.end(), descriptor) == all.end()) {
@@ -121,7 +121,7 @@ void deleteAcRxClass(AcRxClass* descriptor) {
 }
 
 void acrxBuildClassHierarchy() {
-    if (!drafthost::IsHostThread(L"acrxBuildClassHierarchy", __builtin_return_address(0))) return;
+    if (!drafthost::IsHostThread(L"acrxBuildClassHierarchy")) return;
     if (g_classes == nullptr) return;
     for (AcRxClass* descriptor : AllClasses()) {
         auto& data = AcRxClassAccess::Of(*descriptor);

@@ -26,9 +26,8 @@ Acad::ErrorStatus CommandStack::addCommand(const ACHAR* cmdGroupName, const ACHA
                                            AcRxFunctionPtr functionAddr, AcEdUIContext* UIContext,
                                            int /*fcode*/, HINSTANCE hResourceHandle,
                                            AcEdCommand** cmdPtrRet) {
-    if (!IsHostThread(L"AcEdCommandStack::addCommand", __builtin_return_address(0)) ||
-        IsEmpty(cmdGroupName) || IsEmpty(cmdGlobalName) || IsEmpty(cmdLocalName) ||
-        functionAddr == nullptr) {
+    if (!IsHostThread(L"AcEdCommandStack::addCommand") || IsEmpty(cmdGroupName) ||
+        IsEmpty(cmdGlobalName) || IsEmpty(cmdLocalName) || functionAddr == nullptr) {
         return Acad::eInvalidInput;
     }
     for (const Command& command : m_commands) {
@@ -51,8 +50,8 @@ Acad::ErrorStatus CommandStack::addCommand(const ACHAR* cmdGroupName, const ACHA
 }
 
 Acad::ErrorStatus CommandStack::removeCmd(const ACHAR* cmdGroupName, const ACHAR* cmdGlobalName) {
-    if (!IsHostThread(L"AcEdCommandStack::removeCmd", __builtin_return_address(0)) ||
-        cmdGroupName == nullptr || cmdGlobalName == nullptr) {
+    if (!IsHostThread(L"AcEdCommandStack::removeCmd") || cmdGroupName == nullptr ||
+        cmdGlobalName == nullptr) {
         return Acad::eInvalidInput;
     }
     for (auto command = m_commands.begin(); command != m_commands.end(); ++command) {
@@ -66,8 +65,7 @@ Acad::ErrorStatus CommandStack::removeCmd(const ACHAR* cmdGroupName, const ACHAR
 }
 
 Acad::ErrorStatus CommandStack::removeGroup(const ACHAR* groupName) {
-    if (!IsHostThread(L"AcEdCommandStack::removeGroup", __builtin_return_address(0)) ||
-        groupName == nullptr) {
+    if (!IsHostThread(L"AcEdCommandStack::removeGroup") || groupName == nullptr) {
         return Acad::eInvalidInput;
     }
     const std::size_t before = m_commands.size();
@@ -77,8 +75,7 @@ Acad::ErrorStatus CommandStack::removeGroup(const ACHAR* groupName) {
 }
 
 AcEdCommand* CommandStack::lookupCmd(const ACHAR* cmdName) {
-    if (!IsHostThread(L"AcEdCommandStack::lookupCmd", __builtin_return_address(0)) ||
-        cmdName == nullptr) {
+    if (!IsHostThread(L"AcEdCommandStack::lookupCmd") || cmdName == nullptr) {
         return nullptr;
     }
     return const_cast<Command*>(Find(cmdName));

@@ -6,20 +6,28 @@ namespace drafthost {
 
 /// Watches over the process from here on: whatever exception nobody handles is reported on the
 /// standard error, with the module, what it was called for, and the address, and ends the process
-/// with `moduleCrashExitCode`. Called once, on the host's thread. A module that replaces the
-/// process's filter for such exceptions loses it again with the next call into a module.
+/// with `ExitCode::ModuleCrashed`; so does a module that ends the process. Called once, on the
+/// host's thread.
 void WatchForCrashes();
 
-/// Puts the filter back in place. Does nothing unless the process is watched.
+/// Puts the filter for unhandled exceptions back in place, which a module may have replaced. Does
+/// nothing unless the process is watched.
 void RenewCrashFilter();
 
-/// From here on the process may end without being taken for a module's doing.
+/// From here on the process may end without being taken for a module's doing. What crashes now does
+/// so in the modules that are still loaded.
 void ExpectProcessEnd();
 
-/// A hardware exception within the call that loads or frees a library is swallowed by the system's
-/// loader. Between these two calls it is noted instead; the second one reports it and ends the
-/// process, if there was one.
-void BeginLoaderCall();
-void EndLoaderCall();
+/// The system's loader swallows what is raised in static objects and `DllMain`. For the life of
+/// this object, around a call that loads or frees a library, it is noted instead; the destructor
+/// reports it and ends the process.
+class LoaderCall {
+  public:
+    /// `moduleName` must outlive the object.
+    explicit LoaderCall(const wchar_t* moduleName);
+    LoaderCall(const LoaderCall&) = delete;
+    LoaderCall& operator=(const LoaderCall&) = delete;
+    ~LoaderCall();
+};
 
 }  // namespace drafthost

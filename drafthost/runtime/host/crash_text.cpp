@@ -52,10 +52,10 @@ const wchar_t* AccessOf(std::uintptr_t kind) {
 void DescribeException(unsigned long code, unsigned long parameterCount,
                        const std::uintptr_t* parameters, wchar_t* text, std::size_t capacity) {
     if (code == accessViolation && parameterCount >= 2) {
-        _snwprintf(text, capacity, L"%s %s 0x%016I64X", NameOf(code), AccessOf(parameters[0]),
-                   static_cast<std::uint64_t>(parameters[1]));
+        _snwprintf(text, capacity, L"%s %s 0x%016I64X (0x%08lX)", NameOf(code),
+                   AccessOf(parameters[0]), static_cast<std::uint64_t>(parameters[1]), code);
     } else {
-        _snwprintf(text, capacity, L"%s", NameOf(code));
+        _snwprintf(text, capacity, L"%s (0x%08lX)", NameOf(code), code);
     }
     text[capacity - 1] = 0;
 }

@@ -5,8 +5,8 @@
 
 namespace drafthost {
 
-/// Writes what a hardware exception is, such as "access violation writing 0x0000000000000010", and
-/// for an access violation what was touched. `text` gets at most `capacity` characters, the
+/// Writes what a hardware exception is, such as "access violation writing 0x0000000000000010
+/// (0xC0000005)". `text` gets at most `capacity` characters, the
 /// terminator among them. Needs no heap.
 void DescribeException(unsigned long code, unsigned long parameterCount,
                        const std::uintptr_t* parameters, wchar_t* text, std::size_t capacity);

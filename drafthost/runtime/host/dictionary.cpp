@@ -15,14 +15,14 @@ AcRxObject* Dictionary::at(const ACHAR* key) const {
 
 AcRxObject* Dictionary::atPut(const ACHAR* key, AcRxObject* object) {
     const void* caller = __builtin_return_address(0);
-    if (!IsHostThread(L"AcRxDictionary::atPut", caller) || key == nullptr) return nullptr;
+    if (!IsHostThread(L"AcRxDictionary::atPut") || key == nullptr) return nullptr;
     AcRxObject* before = at(key);
     m_entries[key] = {object, CallingModule(caller)};
     return before;
 }
 
 AcRxObject* Dictionary::remove(const ACHAR* key) {
-    if (!IsHostThread(L"AcRxDictionary::remove", __builtin_return_address(0))) return nullptr;
+    if (!IsHostThread(L"AcRxDictionary::remove")) return nullptr;
     AcRxObject* before = at(key);
     if (key != nullptr) m_entries.erase(key);
     return before;

@@ -24,7 +24,7 @@ int DocumentManager::documentCount() const {
 
 void DocumentManager::addReactor(AcApDocManagerReactor* reactor) {
     const void* caller = __builtin_return_address(0);
-    if (!IsHostThread(L"AcApDocManager::addReactor", caller) || reactor == nullptr) return;
+    if (!IsHostThread(L"AcApDocManager::addReactor") || reactor == nullptr) return;
     const auto isSame = [&](const Reactor& entry) { return entry.reactor == reactor; };
     if (std::any_of(m_reactors.begin(), m_reactors.end(), isSame)) {
         ReportOffence(CallingModule(caller), L"addReactor of a reactor that was added already");
@@ -35,7 +35,7 @@ void DocumentManager::addReactor(AcApDocManagerReactor* reactor) {
 
 void DocumentManager::removeReactor(AcApDocManagerReactor* reactor) {
     const void* caller = __builtin_return_address(0);
-    if (!IsHostThread(L"AcApDocManager::removeReactor", caller)) return;
+    if (!IsHostThread(L"AcApDocManager::removeReactor")) return;
     const auto found = std::find_if(m_reactors.begin(), m_reactors.end(),
                                     [&](const Reactor& entry) { return entry.reactor == reactor; });
     if (found == m_reactors.end()) {
@@ -46,13 +46,13 @@ void DocumentManager::removeReactor(AcApDocManagerReactor* reactor) {
 }
 
 void DocumentManager::pushResourceHandle(HINSTANCE handle) {
-    if (!IsHostThread(L"AcApDocManager::pushResourceHandle", __builtin_return_address(0))) return;
+    if (!IsHostThread(L"AcApDocManager::pushResourceHandle")) return;
     m_resourceHandles.Push(handle);
 }
 
 void DocumentManager::popResourceHandle() {
     const void* caller = __builtin_return_address(0);
-    if (!IsHostThread(L"AcApDocManager::popResourceHandle", caller)) return;
+    if (!IsHostThread(L"AcApDocManager::popResourceHandle")) return;
     if (!m_resourceHandles.Pop()) {
         ReportOffence(CallingModule(caller), L"popResourceHandle without a push");
     }

@@ -13,7 +13,7 @@ namespace {
 /// The module of the packet, for a service that a module uses for itself; null after naming the
 /// offence when it is no packet.
 Module* OwnerOf(const wchar_t* service, const void* packet, const void* caller) {
-    if (!IsHostThread(service, caller)) return nullptr;
+    if (!IsHostThread(service)) return nullptr;
     Module* module = ModuleTable::Instance().FindPacket(packet);
     if (module == nullptr) {
         ReportOffence(CallingModule(caller),
@@ -25,14 +25,14 @@ Module* OwnerOf(const wchar_t* service, const void* packet, const void* caller) 
 }  // namespace
 
 bool DynamicLinker::loadModule(const ACHAR* fileName, bool /*printit*/, bool /*asCmd*/) {
-    if (!IsHostThread(L"AcRxDynamicLinker::loadModule", __builtin_return_address(0))) return false;
+    if (!IsHostThread(L"AcRxDynamicLinker::loadModule")) return false;
     if (fileName == nullptr) return false;
     const LoadResult result = ModuleTable::Instance().Load(fileName);
     return result == LoadResult::Loaded || result == LoadResult::AlreadyLoaded;
 }
 
 bool DynamicLinker::unloadModule(const ACHAR* fileName, bool /*asCmd*/) {
-    if (!IsHostThread(L"AcRxDynamicLinker::unloadModule", __builtin_return_address(0))) {
+    if (!IsHostThread(L"AcRxDynamicLinker::unloadModule")) {
         return false;
     }
     return fileName != nullptr &&

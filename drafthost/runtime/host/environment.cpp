@@ -12,7 +12,7 @@ constexpr std::size_t capacity = 2048;  // characters that acedGetEnv may write,
 }  // namespace
 
 int acedGetEnv(const ACHAR* sym, ACHAR* var) {
-    if (!drafthost::IsHostThread(L"acedGetEnv", __builtin_return_address(0))) return RTERROR;
+    if (!drafthost::IsHostThread(L"acedGetEnv")) return RTERROR;
     if (sym == nullptr || var == nullptr) return RTERROR;
     const auto value = drafthost::GetSetting(sym);
     if (!value) return RTERROR;
@@ -23,7 +23,7 @@ int acedGetEnv(const ACHAR* sym, ACHAR* var) {
 }
 
 int acedSetEnv(const ACHAR* sym, const ACHAR* val) {
-    if (!drafthost::IsHostThread(L"acedSetEnv", __builtin_return_address(0))) return RTERROR;
+    if (!drafthost::IsHostThread(L"acedSetEnv")) return RTERROR;
     if (sym == nullptr || val == nullptr) return RTERROR;
     return drafthost::SetSetting(sym, val) ? RTNORM : RTERROR;
 }

@@ -25,8 +25,8 @@ bool IsEmpty(const ACHAR* text) {
 }
 
 /// Gives `result` to the running call, if `service` may be used now.
-int Return(const wchar_t* service, const void* caller, resbuf* result) {
-    LispCall* call = IsHostThread(service, caller) ? LispCall::Innermost() : nullptr;
+int Return(const wchar_t* service, resbuf* result) {
+    LispCall* call = IsHostThread(service) ? LispCall::Innermost() : nullptr;
     if (call == nullptr) {
         acutRelRb(result);
         return RTERROR;
@@ -39,7 +39,7 @@ int Return(const wchar_t* service, const void* caller, resbuf* result) {
 
 int acedDefun(const ACHAR* sname, short funcno) {
     const void* caller = __builtin_return_address(0);
-    if (!IsHostThread(L"acedDefun", caller)) return RTERROR;
+    if (!IsHostThread(L"acedDefun")) return RTERROR;
     drafthost::Document* document = CurrentDocument();
     if (IsEmpty(sname) || document == nullptr) return RTERROR;
     document->Define(sname, funcno, CallingModule(caller));
@@ -48,7 +48,7 @@ int acedDefun(const ACHAR* sname, short funcno) {
 
 int acedUndef(const ACHAR* sname, short funcno) {
     const void* caller = __builtin_return_address(0);
-    if (!IsHostThread(L"acedUndef", caller)) return RTERROR;
+    if (!IsHostThread(L"acedUndef")) return RTERROR;
     drafthost::Document* document = CurrentDocument();
     if (IsEmpty(sname) || document == nullptr) return RTERROR;
     return document->Undefine(sname, funcno, CallingModule(caller)) ? RTNORM : RTERROR;
@@ -56,55 +56,48 @@ int acedUndef(const ACHAR* sname, short funcno) {
 
 int acedRegFunc(int (*fhdl)(), int fcode) {
     const void* caller = __builtin_return_address(0);
-    if (!IsHostThread(L"acedRegFunc", caller) || fhdl == nullptr) return RTERROR;
+    if (!IsHostThread(L"acedRegFunc") || fhdl == nullptr) return RTERROR;
     drafthost::RegisterDirectFunction(CallingModule(caller), fcode, fhdl);
     return RTNORM;
 }
 
 int acedGetFunCode() {
-    if (!IsHostThread(L"acedGetFunCode", __builtin_return_address(0))) return RTERROR;
+    if (!IsHostThread(L"acedGetFunCode")) return RTERROR;
     const LispCall* call = LispCall::Innermost();
     return call == nullptr ? RTERROR : call->Code();
 }
 
 resbuf* acedGetArgs() {
-    if (!IsHostThread(L"acedGetArgs", __builtin_return_address(0))) return nullptr;
+    if (!IsHostThread(L"acedGetArgs")) return nullptr;
     const LispCall* call = LispCall::Innermost();
     return call == nullptr ? nullptr : drafthost::CopyResultBuffers(call->Arguments());
 }
 
 int acedRetStr(const ACHAR* s) {
-    const void* caller = __builtin_return_address(0);
-    return s == nullptr ? RTERROR : Return(L"acedRetStr", caller, acutBuildList(RTSTR, s, 0));
+    return s == nullptr ? RTERROR : Return(L"acedRetStr", acutBuildList(RTSTR, s, 0));
 }
 
 int acedRetInt(int ival) {
-    const void* caller = __builtin_return_address(0);
-    return Return(L"acedRetInt", caller, acutBuildList(RTLONG, ival, 0));
+    return Return(L"acedRetInt", acutBuildList(RTLONG, ival, 0));
 }
 
 int acedRetReal(ads_real rval) {
-    const void* caller = __builtin_return_address(0);
-    return Return(L"acedRetReal", caller, acutBuildList(RTREAL, rval, 0));
+    return Return(L"acedRetReal", acutBuildList(RTREAL, rval, 0));
 }
 
 int acedRetNil() {
-    const void* caller = __builtin_return_address(0);
-    return Return(L"acedRetNil", caller, acutBuildList(RTNIL, 0));
+    return Return(L"acedRetNil", acutBuildList(RTNIL, 0));
 }
 
 int acedRetT() {
-    const void* caller = __builtin_return_address(0);
-    return Return(L"acedRetT", caller, acutBuildList(RTT, 0));
+    return Return(L"acedRetT", acutBuildList(RTT, 0));
 }
 
 int acedRetVoid() {
-    const void* caller = __builtin_return_address(0);
-    return Return(L"acedRetVoid", caller, acutBuildList(RTVOID, 0));
+    return Return(L"acedRetVoid", acutBuildList(RTVOID, 0));
 }
 
 int acedRetList(const resbuf* rbuf) {
-    const void* caller = __builtin_return_address(0);
     if (rbuf == nullptr) return RTERROR;
     // In brackets of its own, whatever the list holds: it comes back as one LISP list.
     resbuf* result = acutNewRb(RTLB);
@@ -113,11 +106,11 @@ int acedRetList(const resbuf* rbuf) {
     while (last->rbnext != nullptr)
         last = last->rbnext;
     last->rbnext = acutNewRb(RTLE);
-    return Return(L"acedRetList", caller, result);
+    return Return(L"acedRetList", result);
 }
 
 int ads_queueexpr(const ACHAR* expression) {
-    if (!IsHostThread(L"ads_queueexpr", __builtin_return_address(0))) return RTERROR;
+    if (!IsHostThread(L"ads_queueexpr")) return RTERROR;
     drafthost::Document* document = CurrentDocument();
     if (expression == nullptr || document == nullptr) return RTERROR;
     document->m_queue.push_back(expression);

@@ -1,6 +1,7 @@
 #include "runtime/host/module_library.h"
 
 #include "runtime/host/api_version.h"
+#include "runtime/host/calling_module.h"
 #include "runtime/host/crash.h"
 #include "runtime/host/module_call.h"
 
@@ -61,10 +62,9 @@ ModuleLibrary LoadModuleLibrary(const std::wstring& path) {
     DWORD error = 0;
     {
         const ModuleCall call(nullptr, L"static initialisers and DllMain (attach)");
-        BeginLoaderCall();
+        const LoaderCall loader(path.c_str() + path.rfind(L'\\') + 1);
         library.handle = LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
         error = GetLastError();
-        EndLoaderCall();
     }
     if (library.handle == nullptr) {
         library.problem = LoadProblem(error);
@@ -79,10 +79,10 @@ ModuleLibrary LoadModuleLibrary(const std::wstring& path) {
 }
 
 void FreeModuleLibrary(HMODULE handle) {
+    const std::wstring name = ModuleName(handle);
     const ModuleCall call(handle, L"DllMain and static destructors (detach)");
-    BeginLoaderCall();
+    const LoaderCall loader(name.c_str());
     FreeLibrary(handle);
-    EndLoaderCall();
 }
 
 }  // namespace drafthost

@@ -47,8 +47,14 @@ ModuleTable& ModuleTable::Instance() {
 }
 
 AcRx::AppRetCode Send(const Module& module, AcRx::AppMsgCode code) {
-    return CallModule(module.handle, MessageText(code),
-                      [&] { return module.entryPoint(code, const_cast<Module*>(&module)); });
+    const AcRx::AppRetCode answer = CallModule(module.handle, MessageText(code), [&] {
+        return module.entryPoint(code, const_cast<Module*>(&module));
+    });
+    if (answer != AcRx::kRetOK && answer != AcRx::kRetError) {
+        ReportOffence(module.name, L"answer " + std::to_wstring(answer) + L" to " +
+                                       MessageText(code) + L", which is none of the return codes");
+    }
+    return answer;
 }
 
 LoadResult ModuleTable::Load(const std::wstring& file) {

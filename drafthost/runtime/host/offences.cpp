@@ -45,13 +45,13 @@ unsigned OffenceCount() {
     return g_count;
 }
 
-bool IsHostThread(const wchar_t* service, const void* returnAddress) {
+bool IsHostThread(const wchar_t* service) {
     static const DWORD hostThread = GetCurrentThreadId();
     const DWORD thread = GetCurrentThreadId();
     if (thread == hostThread) return true;
-    const HMODULE module = ModuleAt(returnAddress);
-    ReportOffence(module, std::wstring(service) + L" called on thread " + std::to_wstring(thread) +
-                              L", which isn't the host's");
+    ReportOffence(CallingModuleOnStack(), std::wstring(service) + L" called on thread " +
+                                              std::to_wstring(thread) +
+                                              L", which isn't the host's");
     return false;
 }
 

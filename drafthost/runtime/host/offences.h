@@ -20,6 +20,6 @@ void ReportOffence(const std::wstring& moduleName, const std::wstring& what);
 /// Whether a host service may go on: true on the host's own thread, which is the one that loaded
 /// this DLL. On any other thread the calling module's offence is reported, and the service is to
 /// refuse. `service` is its published name.
-bool IsHostThread(const wchar_t* service, const void* returnAddress);
+bool IsHostThread(const wchar_t* service);
 
 }  // namespace drafthost

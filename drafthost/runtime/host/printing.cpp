@@ -25,7 +25,7 @@ bool Format(const wchar_t* format, va_list arguments, std::wstring& text) {
 }  // namespace
 
 int acutPrintf(const ACHAR* format, ...) {
-    if (!drafthost::IsHostThread(L"acutPrintf", __builtin_return_address(0))) return RTERROR;
+    if (!drafthost::IsHostThread(L"acutPrintf")) return RTERROR;
     if (format == nullptr) return RTERROR;
     std::wstring text;
     va_list arguments;
