@@ -1,4 +1,5 @@
-// A module that breaks the host's rules: the environment variable DRAFTHOST_MISDEED names how.
+// A module that breaks the host's rules: the environment variable DRAFTHOST_MISDEED names how,
+// with ";" between several ways.
 
 #include "modules/fixture_exports.h"
 
@@ -8,17 +9,18 @@
 #include <windows.h>
 
 #include <cstdlib>
-#include <cwchar>
 #include <exception>
 #include <stdexcept>
+#include <string>
 #include <thread>
 
 namespace {
 
 bool Is(const wchar_t* misdeed) {
-    wchar_t chosen[64] = {};
-    GetEnvironmentVariableW(L"DRAFTHOST_MISDEED", chosen, 64);
-    return std::wcscmp(chosen, misdeed) == 0;
+    wchar_t chosen[128] = {};
+    GetEnvironmentVariableW(L"DRAFTHOST_MISDEED", chosen, 128);
+    const std::wstring list = std::wstring(L";") + chosen + L";";
+    return list.find(std::wstring(L";") + misdeed + L";") != std::wstring::npos;
 }
 
 void WriteToNull() {
@@ -107,6 +109,17 @@ void Start(void* packet) {
     if (Is(L"leave reactor") || Is(L"crash in reactor")) acDocManagerPtr()->addReactor(&g_reactor);
     if (Is(L"leave class")) newAcRxClass(L"LeftClass", L"AcRxObject");
     if (Is(L"leave entry")) acrxSysRegistry()->atPut(L"LeftEntry", &g_entry);
+    if (Is(L"add twice")) {
+        acDocManagerPtr()->addReactor(&g_reactor);
+        acDocManagerPtr()->addReactor(&g_reactor);
+        acDocManagerPtr()->removeReactor(&g_reactor);
+    }
+    if (Is(L"remove unknown")) acDocManagerPtr()->removeReactor(&g_reactor);
+    if (Is(L"delete unknown")) {
+        AcRxClass unknown(L"Unknown", L"AcRxObject");
+        deleteAcRxClass(&unknown);
+    }
+    if (Is(L"delete host's")) deleteAcRxClass(Commands()->isA());
     if (Is(L"foreign packet")) Linker()->unlockApplication(&g_entry);
     if (Is(L"thread")) CallHostFromThread();
 }

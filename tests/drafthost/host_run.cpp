@@ -1,0 +1,63 @@
+#include "host_run.h"
+
+#include "support/child_process.h"
+
+#include <windows.h>
+
+#include <stdexcept>
+
+namespace {
+
+constexpr const wchar_t* misdeedVariable = L"DRAFTHOST_MISDEED";
+
+std::string ToUtf8(const std::wstring& text) {
+    const int length = static_cast<int>(text.size());
+    std::string bytes(text.size() * 3, '\0');
+    bytes.resize(static_cast<std::size_t>(
+        WideCharToMultiByte(CP_UTF8, 0, text.data(), length, bytes.data(),
+                            static_cast<int>(bytes.size()), nullptr, nullptr)));
+    return bytes;
+}
+
+std::wstring FromUtf8(const std::string& bytes) {
+    const int length = static_cast<int>(bytes.size());
+    std::wstring text(bytes.size(), L'\0');
+    text.resize(static_cast<std::size_t>(
+        MultiByteToWideChar(CP_UTF8, 0, bytes.data(), length, text.data(), length)));
+    return text;
+}
+
+}  // namespace
+
+HostRun::HostRun(const std::wstring& options, const std::wstring& input) {
+    ChildOptions child;
+    child.input = ToUtf8(input);
+    const ChildResult result =
+        RunChild(L"\"" + ProgramFolder() + L"\\drafthost.exe\" --profile \"" + m_profile.Name() +
+                     L"\" " + options,
+                 child);
+    if (result.timedOut) throw std::runtime_error("drafthost.exe hangs");
+    m_code = static_cast<drafthost::ExitCode>(result.exitCode);
+    m_output = FromUtf8(result.output);
+    m_errors = FromUtf8(result.errors);
+}
+
+bool HostRun::HasLine(const std::wstring& line) const {
+    return (L"\n" + m_output).find(L"\n" + line + L"\n") != std::wstring::npos;
+}
+
+std::wstring ModulePath(const std::wstring& module) {
+    return ProgramFolder() + L"\\" + module + L".arx";
+}
+
+std::wstring LoadOption(const std::wstring& module) {
+    return L" --load \"" + ModulePath(module) + L"\" ";
+}
+
+Misdeed::Misdeed(const std::wstring& misdeed) {
+    SetEnvironmentVariableW(misdeedVariable, misdeed.c_str());
+}
+
+Misdeed::~Misdeed() {
+    SetEnvironmentVariableW(misdeedVariable, nullptr);
+}
