@@ -46,6 +46,16 @@ bool HostRun::HasLine(const std::wstring& line) const {
     return (L"\n" + m_output).find(L"\n" + line + L"\n") != std::wstring::npos;
 }
 
+std::wstring HostRun::Shown(const std::wstring& line) const {
+    const std::wstring echo = L"Command: " + line + L"\n";
+    const std::size_t found = m_output.find(echo);
+    if (found == std::wstring::npos) return L"(the line wasn't read)";
+    const std::size_t start = found + echo.size();
+    const std::size_t end = m_output.find(L"Command: ", start);
+    const std::wstring shown = m_output.substr(start, end - start);
+    return shown.substr(0, shown.find_last_not_of(L'\n') + 1);
+}
+
 std::wstring ModulePath(const std::wstring& module) {
     return ProgramFolder() + L"\\" + module + L".arx";
 }

@@ -19,6 +19,10 @@ class HostRun {
     /// Whether the standard output has this line.
     bool HasLine(const std::wstring& line) const;
 
+    /// What came between the echo of this line of input and the next prompt, without the line end
+    /// ahead of that.
+    std::wstring Shown(const std::wstring& line) const;
+
   private:
     TestProfile m_profile;
     drafthost::ExitCode m_code = drafthost::ExitCode::InternalError;

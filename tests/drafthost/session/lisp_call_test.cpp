@@ -7,18 +7,6 @@
 
 using testing::HasSubstr;
 
-namespace {
-
-/// What the prompt shows for the expression with the recorder loaded.
-std::wstring ValueOf(const std::wstring& expression) {
-    const HostRun run(LoadOption(L"recorder"), expression + L"\nQUIT\n");
-    const std::wstring echo = L"Command: " + expression + L"\n";
-    const std::size_t start = run.Output().find(echo) + echo.size();
-    return run.Output().substr(start, run.Output().find(L"\nCommand: ", start) - start);
-}
-
-}  // namespace
-
 TEST(LispCall, ArgumentsPassToAModuleAndBack) {
     struct Row {
         const wchar_t* why;
@@ -34,60 +22,53 @@ TEST(LispCall, ArgumentsPassToAModuleAndBack) {
         {L"points of two and three reals", L"(1.5 2.5) (1.5 2.5 3.5)"},
         {L"four reals are a list", L"(1.5 2.5 3.5 4.5)"},
     };
+    const auto expression = [](const Row& row) {
+        return std::wstring(L"(apply 'rec-arguments '(") + row.list + L"))";
+    };
     std::wstring input;
-    for (const Row& row : rows) {
-        input += std::wstring(L"(equal (apply 'rec-arguments '(") + row.list + L")) '(" + row.list +
-                 L"))\n";
-    }
+    for (const Row& row : rows)
+        input += expression(row) + L"\n";
 
     const HostRun run(LoadOption(L"recorder"), input + L"QUIT\n");
 
-    std::size_t start = 0;
     for (const Row& row : rows) {
-        const std::wstring echo = std::wstring(L") '(") + row.list + L"))\n";
-        start = run.Output().find(echo, start) + echo.size();
-        EXPECT_EQ(run.Output().substr(start, 2), L"T\n") << testing::PrintToString(row.why);
+        EXPECT_EQ(run.Shown(expression(row)), L"(" + std::wstring(row.list) + L")")
+            << testing::PrintToString(row.why);
     }
 }
 
-TEST(LispCall, WithoutArgumentsTheModuleGetsNone) {
-    EXPECT_EQ(ValueOf(L"(rec-arguments)"), L"nil");
-}
+TEST(LispCall, GivesWhatTheModuleAnswers) {
+    struct Row {
+        const wchar_t* why;
+        const wchar_t* expression;
+        const wchar_t* shown;
+    };
+    constexpr Row rows[] = {
+        {L"without arguments the module gets none", L"(rec-arguments)", L"nil"},
+        {L"no result yields nil", L"(list (rec-nothing))", L"(nil)"},
+        {L"a void result shows nothing", L"(rec-void)", L""},
+        {L"a direct function is called itself, with its code", L"(rec-direct)", L"1"},
+        {L"kRetError is an error", L"(rec-failure)", L"; error: ADS request error"},
+        {L"so is a direct function's RSERR", L"(rec-direct-failure)",
+         L"; error: ADS request error"},
+        {L"a symbol can't pass", L"(rec-arguments 'symbol)", L"; error: bad argument type: SYMBOL"},
+        {L"nor can a very deep list",
+         L"(progn (repeat 600 (setq deep (list deep))) (rec-arguments deep))",
+         L"; error: list nested too deep for a module"},
+        {L"what a function queues waits for the expression's end", L"(rec-queue)",
+         L"\"function done\"\n\nqueued by a function"},
+        {L"what a command queues waits for its end", L"RecQueue",
+         L"\ncommand done\nqueued by a command"},
+    };
+    std::wstring input;
+    for (const Row& row : rows)
+        input += std::wstring(row.expression) + L"\n";
 
-TEST(LispCall, AFunctionThatGivesNoResultYieldsNil) {
-    EXPECT_EQ(ValueOf(L"(list (rec-nothing))"), L"(nil)");
-}
+    const HostRun run(LoadOption(L"recorder"), input + L"QUIT\n");
 
-TEST(LispCall, AVoidResultShowsNothingAtThePrompt) {
-    const HostRun run(LoadOption(L"recorder"), L"(rec-void)\nQUIT\n");
-
-    EXPECT_THAT(run.Output(), HasSubstr(L"Command: (rec-void)\nCommand: QUIT\n"));
-}
-
-TEST(LispCall, ADirectFunctionIsCalledInsteadOfTheMessage) {
-    EXPECT_EQ(ValueOf(L"(rec-direct)"), L"1") << "the function code";
-}
-
-TEST(LispCall, FailureOfAModuleIsALispError) {
-    EXPECT_EQ(ValueOf(L"(rec-failure)"), L"; error: ADS request error");
-    EXPECT_EQ(ValueOf(L"(rec-direct-failure)"), L"; error: ADS request error");
-}
-
-TEST(LispCall, AValueThatCantPassIsALispError) {
-    EXPECT_EQ(ValueOf(L"(rec-arguments 'symbol)"), L"; error: bad argument type: SYMBOL");
-}
-
-TEST(LispCall, AListNestedTooDeepIsALispError) {
-    EXPECT_EQ(ValueOf(L"(progn (repeat 600 (setq deep (list deep))) (rec-arguments deep))"),
-              L"; error: list nested too deep for a module");
-}
-
-TEST(LispCall, ExpressionsQueuedByAFunctionWaitForTheEndOfTheExpression) {
-    EXPECT_EQ(ValueOf(L"(rec-queue)"), L"\"function done\"\n\nqueued by a function");
-}
-
-TEST(LispCall, ExpressionsQueuedByACommandWaitForItsEnd) {
-    EXPECT_EQ(ValueOf(L"RecQueue"), L"\ncommand done\nqueued by a command");
+    for (const Row& row : rows) {
+        EXPECT_EQ(run.Shown(row.expression), row.shown) << testing::PrintToString(row.why);
+    }
 }
 
 TEST(LispCall, AFunctionIsDefinedInEachDrawing) {

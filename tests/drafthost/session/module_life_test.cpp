@@ -7,6 +7,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <windows.h>
+
 using drafthost::ExitCode;
 using testing::EndsWith;
 using testing::HasSubstr;

@@ -7,15 +7,12 @@
 
 #include <regex>
 
-using testing::HasSubstr;
+using testing::StartsWith;
 
 namespace {
 
 std::wstring ShownFor(const std::wstring& expression) {
-    const HostRun run(L"", expression + L"\nQUIT\n");
-    const std::wstring echo = L"Command: " + expression + L"\n";
-    const std::size_t start = run.Output().find(echo) + echo.size();
-    return run.Output().substr(start, run.Output().find(L"\nCommand: ", start) - start);
+    return HostRun(L"", expression + L"\nQUIT\n").Shown(expression);
 }
 
 }  // namespace
@@ -31,16 +28,21 @@ TEST(HostVariable, DateHasDayAndClock) {
 }
 
 TEST(HostVariable, ASettableOneKeepsItsValueAndKind) {
-    EXPECT_EQ(ShownFor(L"(list (setvar \"USERR1\" 2) (getvar \"USERR1\") (setvar \"USERS5\" \"x\") "
-                       L"(getvar \"USERS5\") (setvar \"cmdecho\" 0) (getvar \"CMDECHO\"))"),
-              L"(2.0 2.0 \"x\" \"x\" 0 0)");
+    const HostRun run(L"",
+                      L"(setvar \"USERR1\" 2)\n(setvar \"USERS5\" \"x\")\n"
+                      L"(setvar \"cmdecho\" 0)\n"
+                      L"(mapcar 'getvar '(\"userr1\" \"users5\" \"CMDECHO\"))\nQUIT\n");
+
+    EXPECT_EQ(run.Shown(L"(mapcar 'getvar '(\"userr1\" \"users5\" \"CMDECHO\"))"),
+              L"(2.0 \"x\" 0)");
 }
 
-TEST(HostVariable, AnUnknownOneIsNil) {
-    EXPECT_EQ(ShownFor(L"(getvar \"NOSUCH\")"), L"nil");
-}
+TEST(HostVariable, AnUnknownReadOnlyOrWronglySetOneIsTold) {
+    const HostRun run(L"",
+                      L"(getvar \"NOSUCH\")\n(setvar \"DWGNAME\" \"x\")\n"
+                      L"(setvar \"USERI1\" \"x\")\nQUIT\n");
 
-TEST(HostVariable, AReadOnlyOneOrAWrongKindIsAnError) {
-    EXPECT_THAT(ShownFor(L"(setvar \"DWGNAME\" \"x\")"), HasSubstr(L"; error: "));
-    EXPECT_THAT(ShownFor(L"(setvar \"USERI1\" \"x\")"), HasSubstr(L"; error: "));
+    EXPECT_EQ(run.Shown(L"(getvar \"NOSUCH\")"), L"nil");
+    EXPECT_THAT(run.Shown(L"(setvar \"DWGNAME\" \"x\")"), StartsWith(L"; error: "));
+    EXPECT_THAT(run.Shown(L"(setvar \"USERI1\" \"x\")"), StartsWith(L"; error: "));
 }
