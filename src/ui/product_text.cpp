@@ -8,7 +8,7 @@ constexpr wchar_t lines[] =
     L"\r"
     L"Brennvik\r"
     L"\r"
-    L"© 2009-2026 版权所有\r"
+    L"© 2019-2026 版权所有\r"
     L"保留所有权利。";
 constexpr wchar_t versionPlace[] = L"%s";
 

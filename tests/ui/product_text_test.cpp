@@ -26,7 +26,7 @@ TEST(ProductText, HasSevenLinesPartedBySingleCarriageReturns) {
     EXPECT_EQ(text.find(L'\n'), std::wstring::npos);
     const std::vector<std::wstring> expected = {
         L"KVT CAD辅助设计软件",  L"2.1.0",         L"", L"Brennvik", L"",
-        L"© 2009-2026 版权所有", L"保留所有权利。"};
+        L"© 2019-2026 版权所有", L"保留所有权利。"};
     EXPECT_EQ(Lines(text), expected);
 }
 
