@@ -37,10 +37,9 @@ CommandLine ParseCommandLine(const std::vector<std::wstring>& arguments) {
                                        "receiving; 0 for no limit, 5000 without the option");
 
     CommandLine commandLine;
-    std::vector<std::string> reversed;  // The parser takes them from the back.
-    for (const std::wstring& argument : arguments)
-        reversed.push_back(WideToUtf8(argument));
-    std::reverse(reversed.begin(), reversed.end());
+    // The parser takes them from the back.
+    std::vector<std::string> reversed(arguments.size());
+    std::transform(arguments.begin(), arguments.end(), reversed.rbegin(), WideToUtf8);
     try {
         app.parse(std::move(reversed));
     } catch (const CLI::ParseError& error) {

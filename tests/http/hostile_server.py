@@ -153,7 +153,8 @@ def serve(connection):
     with connection:
         try:
             request = read_request(connection)
-            path = re.match(rb"\w+ (/[\w.-]*)", request)
+            # A client that takes this server for its proxy names the host, too.
+            path = re.match(rb"\w+ (?:http://[^/]*)?(/[\w.-]*)", request)
             behaviour = BEHAVIOURS.get(path[1].decode()) if path else None
             (behaviour or whole(b"no such behaviour", "500 Unknown"))(connection, request)
             connection.shutdown(socket.SHUT_WR)

@@ -3,6 +3,7 @@
 
 #include "http/exchange.h"
 
+#include "support/child_scenario.h"
 #include "support/import_hook.h"
 
 #include <gmock/gmock.h>
@@ -11,6 +12,8 @@
 #include <windows.h>
 // Needs windows.h ahead of it.
 #include <winhttp.h>
+
+#include <cstdio>
 
 using testing::EndsWith;
 using testing::StartsWith;
@@ -41,6 +44,14 @@ int g_callsToReset = 0;
 BOOL WINAPI ResetAheadOfReading(HINTERNET request, LPDWORD count) {
     if (--g_callsToReset == 0) Get(HostileUrl(L"/reset-now"));
     return g_available(request, count);
+}
+
+CHILD_SCENARIO(PrintsWhatAProxyGets) {
+    // Wine's default proxy.
+    const std::wstring proxy = L"127.0.0.1:" + ServerSetting(L"KVT_HOSTILE_PORT");
+    SetEnvironmentVariableW(L"http_proxy", proxy.c_str());
+    std::fputs(Get(L"http://a.example/echo").body.c_str(), stdout);
+    return 0;
 }
 
 }  // namespace
@@ -146,6 +157,12 @@ TEST(HostileServer, IsReachedByName) {
     const std::wstring url = L"http://localhost:" + ServerSetting(L"KVT_HOSTILE_PORT");
 
     ExpectBody(Get(url + L"/chinese"), "中文正文");
+}
+
+TEST(HostileServer, IsTheProxyOfThePlatformsDefault) {
+    const ChildResult child = RunScenario(L"PrintsWhatAProxyGets");
+
+    EXPECT_THAT(child.output, StartsWith("GET http://a.example:80/echo HTTP/1.1"));
 }
 
 TEST(HostileServer, IsNotThere) {

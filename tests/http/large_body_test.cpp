@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr size_t mebibyte = 1024 * 1024;
+constexpr size_t mebibyte = size_t{1024} * 1024;
 constexpr size_t bodySize = 64 * mebibyte;
 constexpr size_t limit = 4 * bodySize + 16 * mebibyte;
 

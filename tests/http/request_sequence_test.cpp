@@ -82,17 +82,17 @@ TEST(RequestSequence, TwoClientsWorkAtOnce) {
 TEST(RequestSequence, TwoClientsShareNothing) {
     int wrongInPlain = 0;
     int wrongInSecure = 0;
-    constexpr int rounds = 20;
+    constexpr size_t rounds = 20;
 
     std::thread plain([&] {
-        for (int i = 0; i < rounds; ++i) {
+        for (size_t i = 0; i < rounds; ++i) {
             const size_t size = 1000 * (i + 1);
             const Outcome outcome = Get(HostileUrl(L"/pattern/" + std::to_wstring(size)));
             if (outcome.body != Pattern(size) || outcome.status != 200) ++wrongInPlain;
         }
     });
     std::thread secure([&] {
-        for (int i = 0; i < rounds; ++i) {
+        for (size_t i = 0; i < rounds; ++i) {
             const Outcome outcome = Get(SecureNginxUrl(L"/status/500"));
             if (outcome.body != "broken" || outcome.status != 500) ++wrongInSecure;
         }
