@@ -133,7 +133,7 @@ TEST(Utf8ToAnsi, GivesTheCodePageOfTheSystem) {
 TEST(Utf8ToAnsi, LetsThePlatformSizeBothWaysUpToTheNul) {
     const ConversionCalls calls;
 
-    Utf8ToAnsi(u8"文\0文");
+    Utf8ToAnsi(u8"文\0文"s);
 
     EXPECT_THAT(
         calls.Get(),
