@@ -25,7 +25,8 @@ class TextOutput {
     virtual void Write(const std::wstring& text) = 0;
 };
 
-/// `output` must live until it is replaced; null: UTF-8 to the standard output, as at the start.
+/// `output` must live until it is replaced, and begins with a new line; null: UTF-8 to the standard
+/// output, as at the start.
 DRAFTHOST_API void SetTextOutput(TextOutput* output);
 
 /// Shows text on the command line, line ends as L'\n'. From any thread.
@@ -164,6 +165,10 @@ DRAFTHOST_API bool IsLispUnfinished(const std::wstring& text);
 DRAFTHOST_API std::vector<std::wstring> RegisteredCommands();
 
 // ---- Settings -----------------------------------------------------------------------------------
+
+/// Chooses the profile for this process; "Default" until then. `StartHost` does so too. False, and
+/// nothing is changed, for a name that is empty, longer than 64 characters or has a backslash.
+DRAFTHOST_API bool SelectProfile(const std::wstring& name);
 
 /// As `acedGetEnv` and `acedSetEnv`, without their limit of length.
 DRAFTHOST_API std::optional<std::wstring> GetSetting(const std::wstring& name);

@@ -12,9 +12,7 @@ namespace drafthost {
 // the folder "Support" beside the program), and without a default the value of the process's
 // environment variable of that name.
 
-/// Chooses the profile for this process; "Default" until then. False, and nothing is changed, for
-/// a name that is empty, longer than 64 characters or has a backslash.
-bool SelectProfile(const std::wstring& name);
+/// The profile in use.
 const std::wstring& ProfileName();
 
 }  // namespace drafthost

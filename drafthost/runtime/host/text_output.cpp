@@ -38,6 +38,7 @@ bool g_verbose = false;
 void SetTextOutput(TextOutput* output) {
     const std::lock_guard lock(g_mutex);
     g_output = output;
+    g_atLineStart = true;
 }
 
 void MarkLineStart() {

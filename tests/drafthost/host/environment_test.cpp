@@ -18,9 +18,12 @@ class Settings : public testing::Test {
   protected:
     static void SetUpTestSuite() {
         g_profile = new TestProfile;
-        drafthost::StartHost({g_profile->Name(), false});
+        drafthost::SelectProfile(g_profile->Name());
     }
-    static void TearDownTestSuite() { delete g_profile; }
+    static void TearDownTestSuite() {
+        drafthost::SelectProfile(L"Default");
+        delete g_profile;
+    }
 
     static TestProfile* g_profile;
 };
@@ -28,6 +31,15 @@ class Settings : public testing::Test {
 TestProfile* Settings::g_profile = nullptr;
 
 }  // namespace
+
+TEST_F(Settings, AProfileHasAPlainNameOfItsOwn) {
+    for (const std::wstring& name :
+         {std::wstring(), std::wstring(L"a\\b"), std::wstring(65, L'x')}) {
+        EXPECT_FALSE(drafthost::SelectProfile(name));
+    }
+    acedSetEnv(L"Stays", L"1");
+    EXPECT_EQ(g_profile->Stored(L"Stays"), L"1") << "the profile is still the same";
+}
 
 TEST_F(Settings, AreStoredInTheRegistry) {
     EXPECT_EQ(acedSetEnv(L"Colour", L"蓝"), RTNORM);
