@@ -45,8 +45,12 @@ class ThrowingDialog : public CDialog {
     const Place m_place;
 };
 
-void PostOwnMessageThenOk(HWND dialog) {
+void PostOwnMessage(HWND dialog) {
     PostMessageW(dialog, WM_APP, 0, 0);
+}
+
+void PostOwnMessageThenOk(HWND dialog) {
+    PostOwnMessage(dialog);
     PostMessageW(dialog, WM_COMMAND, IDOK, 0);
 }
 
@@ -56,19 +60,21 @@ TEST(DialogException, LeavesDoModalFromWhereverItWasThrown) {
     struct Row {
         const char* why;
         Place place;
+        DialogDriver::Action action;
     };
+    // But for the last, nothing besides the exception ends the dialog.
     const Row rows[] = {
-        {"OnInitDialog, inside the creating call", Place::Init},
-        {"DoDataExchange below it", Place::Exchange},
-        {"a message handler, inside the dispatching call", Place::Message},
-        {"pre-translation, in the loop itself", Place::PreTranslation},
-        {"painting", Place::Paint},
-        {"the window's end", Place::Destruction},
+        {"OnInitDialog, inside the creating call", Place::Init, PostOwnMessage},
+        {"DoDataExchange below it", Place::Exchange, PostOwnMessage},
+        {"a message handler, inside the dispatching call", Place::Message, PostOwnMessage},
+        {"pre-translation, in the loop itself", Place::PreTranslation, PostOwnMessage},
+        {"painting", Place::Paint, PostOwnMessage},
+        {"the window's end", Place::Destruction, ClickOk},
     };
     for (const Row& row : rows) {
         CWnd frame;
         ASSERT_TRUE(MakeTestWindow(frame, WS_POPUP | WS_VISIBLE));
-        DialogDriver driver({PostOwnMessageThenOk});
+        DialogDriver driver({row.action});
         ThrowingDialog dialog(row.place, &frame);
 
         EXPECT_THROW(dialog.DoModal(), std::runtime_error) << row.why;
@@ -121,6 +127,25 @@ TEST(DialogException, CaughtByTheOuterDialogLeavesThatOneRunning) {
     DialogDriver driver({PostOwnMessageThenOk});
 
     EXPECT_EQ(outer.DoModal(), IDOK);
+}
+
+TEST(DialogException, FirstOneWinsOverThoseOfTheClosing) {
+    struct ThrowsTwice : CDialog {
+        ThrowsTwice() : CDialog(IDD_FORM) {}
+        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+            if (message == WM_APP) throw std::runtime_error("first");
+            if (message == WM_DESTROY) throw std::runtime_error("second");
+            return CDialog::WindowProc(message, wParam, lParam);
+        }
+    } dialog;
+    DialogDriver driver({PostOwnMessage});
+
+    try {
+        dialog.DoModal();
+        FAIL() << "nothing was thrown";
+    } catch (const std::runtime_error& error) {
+        EXPECT_STREQ(error.what(), "first");
+    }
 }
 
 TEST(DialogException, NextDialogStartsClean) {

@@ -130,12 +130,19 @@ TEST(Dialog, HasTheCaptionOfTheActiveWindow) {
 }
 
 TEST(Dialog, EndedInItsInitialisationIsNeverShown) {
+    struct Brief : Form {
+        bool m_shown = false;
+        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+            if (message == WM_SHOWWINDOW && wParam) m_shown = true;
+            return Form::WindowProc(message, wParam, lParam);
+        }
+    } form;
     DialogDriver driver({});
-    Form form;
     form.m_atInit = [](Form& self) { self.EndDialog(42); };
 
     EXPECT_EQ(form.DoModal(), 42);
 
+    EXPECT_FALSE(form.m_shown);
     EXPECT_EQ(driver.m_opened, 1);
     EXPECT_EQ(driver.m_painted, 0);
     EXPECT_EQ(driver.m_closed, 1);

@@ -231,16 +231,13 @@ TEST(TabDialog, ButtonsAndKeysOfAPageAreTheMainDialogs) {
 TEST(TabDialog, TabKeyReachesTheControlsOfThePage) {
     TabDialog dialog;
     dialog.m_atInit = AddBothPages;
-    HWND next = nullptr;
     DialogDriver driver({[&](HWND window) {
-        next = GetNextDlgTabItem(window, GetDlgItem(window, IDOK), FALSE);
+        const HWND next = GetNextDlgTabItem(window, GetDlgItem(window, IDOK), FALSE);
+        EXPECT_EQ(next, GetDlgItem(dialog.m_first, IDC_PAGE_FIELD));
         ClickOk(window);
     }});
 
     dialog.DoModal();
-
-    EXPECT_NE(next, nullptr);
-    EXPECT_NE(next, dialog.m_hWnd);
 }
 
 TEST(TabDialog, ExceptionOfAPagesInitialisationLeavesDoModal) {
