@@ -49,7 +49,6 @@ BOOL CAdUiTab::SetActiveTab(int index) {
 }
 
 CAdUiTabChildDialog* CAdUiTab::GetTabDialog(int index) const {
-    if (index < 0) return nullptr;
     return reinterpret_cast<CAdUiTabChildDialog*>(GetItemData(index));
 }
 

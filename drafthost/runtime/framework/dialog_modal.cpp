@@ -53,16 +53,11 @@ HWND OwnerFor(const CWnd* parent, const CFrameworkThread& thread) {
     return thread.m_modalDialogs.empty() ? nullptr : thread.m_modalDialogs.back()->m_hWnd;
 }
 
-/// In this order the owner becomes active: a window that goes while its owner is disabled hands the
-/// activation to some other program's window.
+/// The owner is enabled first: a window that goes while its owner is disabled hands the activation
+/// to some other program's window.
 void CloseDialog(HWND dialog, DisabledOwner& owner) {
-    if (dialog == nullptr) return;
-    const bool active = GetActiveWindow() == dialog;
-    ::SetWindowPos(dialog, nullptr, 0, 0, 0, 0,
-                   SWP_HIDEWINDOW | SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_NOZORDER);
     owner.Enable();
-    if (active && owner.Window() != nullptr) ::SetActiveWindow(owner.Window());
-    ::DestroyWindow(dialog);
+    if (dialog != nullptr) ::DestroyWindow(dialog);
 }
 
 void ShowActive(HWND dialog) {

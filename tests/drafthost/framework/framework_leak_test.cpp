@@ -110,6 +110,38 @@ TEST(FrameworkLeaks, NoneFromTemporaryObjectsOutsideOfMessages) {
     EXPECT_EQ(growth.after, growth.before);
 }
 
+TEST(FrameworkLeaks, NoneFromTemporaryObjectsOfAMessage) {
+    constexpr int many = 50;
+    struct Asker : CWnd {
+        std::vector<HWND> m_windows;
+        std::vector<HDC> m_contexts;
+        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+            if (message != WM_APP) return CWnd::WindowProc(message, wParam, lParam);
+            // Every second round asks for handles that the one before didn't know.
+            for (int i = 0; i < many; ++i) {
+                FromHandle(m_windows[wParam * many + i]);
+                CDC::FromHandle(m_contexts[wParam * many + i]);
+            }
+            return 0;
+        }
+    } asker;
+    ASSERT_TRUE(MakeTestWindow(asker));
+    for (int i = 0; i < 2 * many; ++i) {
+        asker.m_windows.push_back(::CreateWindowExW(0, L"STATIC", L"", WS_CHILD, 0, 0, 1, 1, asker,
+                                                    nullptr, nullptr, nullptr));
+        asker.m_contexts.push_back(::CreateCompatibleDC(nullptr));
+    }
+    asker.SendMessage(WM_APP, 0);
+    CountResources();
+    const ResourceCounts before = CountResources();
+
+    asker.SendMessage(WM_APP, 1);
+
+    EXPECT_EQ(CountResources(), before);
+    for (const HDC context : asker.m_contexts)
+        ::DeleteDC(context);
+}
+
 TEST(FrameworkLeaks, NoneFromTabDialogs) {
     const Growth growth = GrowthOver(40, 40, [] {
         DialogDriver driver({ClickOk});

@@ -106,6 +106,17 @@ TEST(HandleMap, TemporaryObjectLivesThroughNestedMessages) {
     EXPECT_TRUE(window.m_stillThere);
 }
 
+TEST(HandleMap, TemporaryObjectForgetsAWindowThatItDestroys) {
+    const BareWindow bare;
+    CWnd* temporary = CWnd::FromHandle(bare.m_hWnd);
+
+    EXPECT_TRUE(temporary->DestroyWindow());
+
+    EXPECT_EQ(temporary->m_hWnd, nullptr);
+    EXPECT_FALSE(IsWindow(bare.m_hWnd));
+    CWnd::DeleteTempMap();
+}
+
 TEST(HandleMap, ObjectsOfOneThreadAreUnknownToAnother) {
     CWnd window;
     ASSERT_TRUE(MakeTestWindow(window));

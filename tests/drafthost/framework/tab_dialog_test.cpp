@@ -240,6 +240,23 @@ TEST(TabDialog, TabKeyReachesTheControlsOfThePage) {
     dialog.DoModal();
 }
 
+TEST(TabDialog, TabKeyLeavesThePageAgain) {
+    TabDialog dialog;
+    dialog.m_atInit = AddBothPages;
+    DialogDriver driver({[&](HWND window) {
+        MSG message = {};
+        message.hwnd = GetDlgItem(dialog.m_first, IDCANCEL);
+        message.message = WM_KEYDOWN;
+        message.wParam = VK_TAB;
+        SetFocus(message.hwnd);
+        EXPECT_TRUE(CWnd::WalkPreTranslateTree(window, &message));
+        EXPECT_EQ(GetFocus(), GetDlgItem(window, IDOK));
+        ClickOk(window);
+    }});
+
+    dialog.DoModal();
+}
+
 TEST(TabDialog, ExceptionOfAPagesInitialisationLeavesDoModal) {
     TabDialog dialog;
     dialog.m_first.m_throws = true;
