@@ -1,6 +1,6 @@
 # The front door. Every target sets up what it needs by itself.
 .DEFAULT_GOAL := help
-.PHONY: help setup programs build run shell test format format-check lint bench clean
+.PHONY: help setup programs build run shell gallery test format format-check lint bench clean
 
 help: ## This list
 	@awk -F ':.*## ' '/^[a-z-]+:.*## / { printf "  make %-13s %s\n", $$1, $$2 }' $(MAKEFILE_LIST)
@@ -25,6 +25,10 @@ run: programs ## Start drafthost with the module and the demo installation; DAMA
 
 shell: programs ## The same, and stay at the prompt
 	@tools/run-demo --shell
+
+gallery: setup ## Try the tool tips in a window; without a display: take pictures of them
+	@tools/build gallery
+	@tools/run-gallery
 
 format: ## Lay out the sources by .clang-format
 	@tools/setup-packages
