@@ -3,6 +3,7 @@
 #include "support/call_journal.h"
 #include "support/child_scenario.h"
 #include "support/import_hook.h"
+#include "ui/gdiplus_watch.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

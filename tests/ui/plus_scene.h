@@ -1,8 +1,6 @@
 #pragma once
 
-#include "support/call_journal.h"
 #include "ui/custom_tool_tip_plus.h"
-#include "ui/gdiplus_watch.h"
 #include "ui/tip_bitmaps.h"
 
 #include <gtest/gtest.h>
@@ -22,6 +20,7 @@ class OpenTipPlus : public CustomToolTipPlus {
     using CustomToolTipPlus::m_backBuffer;
     using CustomToolTipPlus::m_current;
     using CustomToolTipPlus::m_fadeEnabled;
+    using CustomToolTipPlus::m_fadeLevel;
     using CustomToolTipPlus::m_height;
     using CustomToolTipPlus::m_imageHeight;
     using CustomToolTipPlus::m_imageWidth;
