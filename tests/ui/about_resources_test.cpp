@@ -105,7 +105,7 @@ TEST(AboutResources, TheLogoIsAPlainBottomUpBitmap) {
     EXPECT_EQ(header.biCompression, static_cast<DWORD>(BI_RGB));
     EXPECT_EQ(header.biXPelsPerMeter, 7874);
     EXPECT_EQ(header.biYPelsPerMeter, 7874);
-    EXPECT_EQ(SizeofResource(ModuleFile(), found), sizeof header + 712 * 226);
+    EXPECT_EQ(SizeofResource(ModuleFile(), found), sizeof header + 712u * 226u);
 }
 
 TEST(AboutResources, TheModuleTellsItsVersion) {

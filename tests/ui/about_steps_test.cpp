@@ -17,6 +17,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -172,11 +173,11 @@ TEST_F(AboutSteps, TheTabIsTheRemainderByTheCount) {
 using DestructorFunction = void (*)(void*);
 DestructorFunction g_endWindow = nullptr;
 DestructorFunction g_endImage = nullptr;
-std::vector<void*> g_ended;
+std::vector<std::uintptr_t> g_ended;  ///< addresses of windows' objects, now gone
 size_t g_endedBeforeImage = 0;
 
 void NoteEndOfWindow(void* window) {
-    g_ended.push_back(window);
+    g_ended.push_back(reinterpret_cast<std::uintptr_t>(window));
     g_endWindow(window);
 }
 void NoteEndOfImage(void* image) {
@@ -191,7 +192,7 @@ TEST_F(AboutSteps, TheEndGoesFromTheLogoToTheDialog) {
     g_endImage = endImage.Original();
     g_ended.clear();
     auto dialog = std::make_unique<AboutDialog>(0);
-    void* const object = dialog.get();
+    const auto object = reinterpret_cast<std::uintptr_t>(dialog.get());
 
     dialog.reset();
 
@@ -281,7 +282,7 @@ const Steps openingSequence = {L"acDocManagerPtr",
                                L"acDocManagerPtr",
                                L"pop"};
 
-DialogDriver::Action NoteAnd(DialogDriver::Action action) {
+DialogDriver::Action NoteAnd(const DialogDriver::Action& action) {
     return [action](HWND dialog) {
         CallJournal::Add(L"shown");
         action(dialog);

@@ -37,7 +37,7 @@ class Reader {
     const BYTE* m_next;
 };
 
-std::wstring ClassName(std::wstring name) {
+std::wstring ClassName(const std::wstring& name) {
     if (name == L"#128") return L"button";
     if (name == L"#130") return L"static";
     return _wcsicmp(name.c_str(), L"button") == 0   ? L"button"

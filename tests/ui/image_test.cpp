@@ -392,6 +392,7 @@ TEST(Image, PairsOfGetDCAndReleaseDCNest) {
 TEST(Image, ThreadsShareThePoolWithoutMixingPictures) {
     std::vector<std::thread> threads;
     std::vector<int> wrong(6);
+    threads.reserve(6);
     for (int number = 0; number < 6; ++number) {
         threads.emplace_back([number, &wrong] {
             const Canvas canvas(8, 8, grey);
