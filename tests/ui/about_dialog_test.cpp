@@ -152,6 +152,15 @@ TEST_F(AboutDialogShown, FocusStartsOnTheDefaultButton) {
     });
 }
 
+TEST_F(AboutDialogShown, ThePageLeavesTheFocusToTheFramework) {
+    Show(0, [](HWND dialog) {
+        const HWND window = ::GetParent(Descendant(dialog, 125));
+        auto* page = dynamic_cast<AboutPage*>(CWnd::FromHandlePermanent(window));
+        ASSERT_NE(page, nullptr);
+        EXPECT_EQ(page->OnInitDialog(), 1);
+    });
+}
+
 TEST_F(AboutDialogShown, NothingShowsBeforeItRuns) {
     const AboutDialog dialog(0);
 

@@ -231,7 +231,9 @@ AcApDocManager* GiveDocumentManager() {
 }
 
 using ConstructorFunction = void (*)(CAcUiTabMainDialog*, UINT, CWnd*, HINSTANCE);
+using PageConstructorFunction = void (*)(CAcUiTabChildDialog*, CWnd*, HINSTANCE);
 ConstructorFunction g_constructor = nullptr;
+PageConstructorFunction g_pageConstructor = nullptr;
 decltype(&DeleteObject) g_deleteObject = nullptr;
 
 void NoteConstructor(CAcUiTabMainDialog* dialog, UINT templateId, CWnd* parent,
@@ -240,6 +242,12 @@ void NoteConstructor(CAcUiTabMainDialog* dialog, UINT templateId, CWnd* parent,
                      (parent == nullptr ? L", no parent" : L", a parent") +
                      (resources == nullptr ? L", no resources" : L", resources"));
     g_constructor(dialog, templateId, parent, resources);
+}
+void NotePageConstructor(CAcUiTabChildDialog* page, CWnd* parent, HINSTANCE resources) {
+    CallJournal::Add(std::wstring(L"construct page") +
+                     (parent == nullptr ? L", no parent" : L", a parent") +
+                     (resources == nullptr ? L", no resources" : L", resources"));
+    g_pageConstructor(page, parent, resources);
 }
 void ThrowingConstructor(CAcUiTabMainDialog*, UINT, CWnd*, HINSTANCE) {
     throw std::runtime_error("no dialog");
@@ -264,12 +272,15 @@ class AboutCommand : public AboutFixture {
         AfxSetResourceHandle(nullptr);
         CallJournal::Clear();
         g_constructor = m_constructor.Original();
+        g_pageConstructor = m_pageConstructor.Original();
         g_deleteObject = m_deleteObject.Original();
     }
 
     const ImportHook<decltype(&acDocManagerPtr)> m_manager{nullptr, "_Z15acDocManagerPtrv",
                                                            &GiveDocumentManager};
     const ImportHook<ConstructorFunction> m_constructor{nullptr, constructorName, &NoteConstructor};
+    const ImportHook<PageConstructorFunction> m_pageConstructor{
+        nullptr, "_ZN19CAcUiTabChildDialogC2EP4CWndP11HINSTANCE__", &NotePageConstructor};
     const ImportHook<decltype(&DeleteObject)> m_deleteObject{RuntimeDll(), nullptr, "DeleteObject",
                                                              &NoteDeleteObject};
 };
@@ -277,6 +288,7 @@ class AboutCommand : public AboutFixture {
 const Steps openingSequence = {L"acDocManagerPtr",
                                L"push module",
                                L"construct 104, no parent, no resources",
+                               L"construct page, no parent, no resources",
                                L"shown",
                                L"logo deleted",
                                L"acDocManagerPtr",
@@ -338,8 +350,12 @@ TEST_F(AboutCommand, PopsTheHandleWhenTheRunThrows) {
 
     EXPECT_THROW(LoadKVTCommand(), std::runtime_error);
 
-    const Steps steps = {L"acDocManagerPtr", L"push module",
-                         L"construct 104, no parent, no resources", L"acDocManagerPtr", L"pop"};
+    const Steps steps = {L"acDocManagerPtr",
+                         L"push module",
+                         L"construct 104, no parent, no resources",
+                         L"construct page, no parent, no resources",
+                         L"acDocManagerPtr",
+                         L"pop"};
     EXPECT_EQ(CallJournal::Calls(), steps);
 }
 

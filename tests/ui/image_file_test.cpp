@@ -204,14 +204,32 @@ Gdiplus::GdiplusStartupInput g_startupInput;
 decltype(&Gdiplus::GdiplusStartup) g_startup = nullptr;
 decltype(&Gdiplus::GdiplusShutdown) g_shutdown = nullptr;
 
+int g_lockDepth = 0;
+int g_lockUses = 0;
+bool g_startedUnderLock = false;
+bool g_endedUnderLock = false;
+decltype(&EnterCriticalSection) g_enter = nullptr;
+decltype(&LeaveCriticalSection) g_leave = nullptr;
+
+void WINAPI NoteEnter(CRITICAL_SECTION* section) {
+    ++g_lockDepth;
+    ++g_lockUses;
+    g_enter(section);
+}
+void WINAPI NoteLeave(CRITICAL_SECTION* section) {
+    --g_lockDepth;
+    g_leave(section);
+}
 GpStatus WINAPI NoteStartup(ULONG_PTR* token, const Gdiplus::GdiplusStartupInput* input,
                             Gdiplus::GdiplusStartupOutput* output) {
     ++g_startups;
+    g_startedUnderLock = g_lockDepth > 0;
     g_startupInput = *input;
     return g_startup(token, input, output);
 }
 void WINAPI NoteShutdown(ULONG_PTR token) {
     ++g_shutdowns;
+    g_endedUnderLock = g_lockDepth > 0;
     g_shutdown(token);
 }
 GpStatus WINAPI RefuseStartup(ULONG_PTR*, const Gdiplus::GdiplusStartupInput*,
@@ -269,6 +287,27 @@ TEST_F(ImageDrawingLibrary, StartsAgainAfterItsEnd) {
         EXPECT_EQ(g_shutdowns, round - 1);
     }
     EXPECT_EQ(g_shutdowns, 3);
+}
+
+TEST_F(ImageDrawingLibrary, CountStartAndEndAreUnderTheCriticalSection) {
+    const ImportHook<decltype(&EnterCriticalSection)> enter(RuntimeDll(), nullptr,
+                                                            "EnterCriticalSection", &NoteEnter);
+    const ImportHook<decltype(&LeaveCriticalSection)> leave(RuntimeDll(), nullptr,
+                                                            "LeaveCriticalSection", &NoteLeave);
+    g_enter = enter.Original();
+    g_leave = leave.Original();
+    g_lockDepth = g_lockUses = 0;
+    auto image = std::make_unique<CImage>();
+    EXPECT_EQ(g_lockUses, 1);
+
+    image->Load(m_file.c_str());
+    EXPECT_EQ(g_lockUses, 2);
+    image.reset();
+
+    EXPECT_EQ(g_lockUses, 3);
+    EXPECT_EQ(g_lockDepth, 0);
+    EXPECT_TRUE(g_startedUnderLock);
+    EXPECT_TRUE(g_endedUnderLock);
 }
 
 TEST_F(ImageDrawingLibrary, IsNotNeededForAResource) {
