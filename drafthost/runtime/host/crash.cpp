@@ -85,6 +85,11 @@ LONG CALLBACK NoteException(EXCEPTION_POINTERS* pointers) {
     if (g_reporting && IsFatal(code)) End();
     // Nobody can handle this one, and the search for a handler would use up the rest of the stack.
     if (code == EXCEPTION_STACK_OVERFLOW) ReportAndEnd(*pointers);
+    // The system swallows what leaves a window procedure, and the session would go on.
+    if (IsFatal(code) && PlaceOf(pointers->ExceptionRecord->ExceptionAddress).isOfModule &&
+        g_moduleInLoader == nullptr && !MayBeHandled(*pointers->ContextRecord)) {
+        ReportAndEnd(*pointers);
+    }
     if (!IsOnHostThread()) return EXCEPTION_CONTINUE_SEARCH;
     // The loader swallows it, and the process would end as if all were well.
     if (g_endExpected && IsFatal(code)) ReportAndEnd(*pointers);
@@ -174,8 +179,12 @@ LoaderCall::LoaderCall(const wchar_t* moduleName) {
 
 LoaderCall::~LoaderCall() {
     if (g_hardware.isNoted) ReportAndEnd(g_hardware);
-    if (std::uncaught_exceptions() > g_uncaughtBeforeLoader) ReportAndEnd(g_throw);
+    EndAfterSwallowedException(g_uncaughtBeforeLoader);
     g_moduleInLoader = nullptr;
+}
+
+void EndAfterSwallowedException(int uncaughtBefore) {
+    if (g_watching && std::uncaught_exceptions() > uncaughtBefore) ReportAndEnd(g_throw);
 }
 
 void EndAfterException() {

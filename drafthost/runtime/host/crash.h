@@ -18,6 +18,11 @@ void RenewCrashFilter();
 /// so in the modules that are still loaded.
 void ExpectProcessEnd();
 
+/// To be called behind a module's code, with `std::uncaught_exceptions()` from ahead of it: reports
+/// an exception that the system has swallowed on its way out of a window procedure, and ends the
+/// process.
+void EndAfterSwallowedException(int uncaughtBefore);
+
 /// The system's loader swallows what is raised in static objects and `DllMain`. For the life of
 /// this object, around a call that loads or frees a library, it is noted instead; the destructor
 /// reports it and ends the process.

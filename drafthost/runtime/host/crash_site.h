@@ -17,6 +17,10 @@ struct CodePlace {
 
 CodePlace PlaceOf(const void* address);
 
+/// Whether a frame between the exception and the system's code below could handle it. C++ code of
+/// the shared runtime can't: it sees C++ exceptions alone.
+bool MayBeHandled(const CONTEXT& context);
+
 /// The innermost place in a module's code on the stack that `context` describes; not known when
 /// there is none.
 CodePlace InnermostModulePlace(const CONTEXT& context);

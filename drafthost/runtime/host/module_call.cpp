@@ -4,6 +4,8 @@
 #include "runtime/host/offences.h"
 #include "runtime/host/services.h"
 
+#include <exception>
+
 namespace drafthost {
 
 namespace {
@@ -18,12 +20,17 @@ std::size_t PushedHandles() {
 }  // namespace
 
 ModuleCall::ModuleCall(HMODULE module, const wchar_t* what)
-    : m_module(module), m_what(what), m_outer(g_innermost), m_resourceHandles(PushedHandles()) {
+    : m_module(module),
+      m_what(what),
+      m_outer(g_innermost),
+      m_resourceHandles(PushedHandles()),
+      m_uncaughtExceptions(std::uncaught_exceptions()) {
     g_innermost = this;
     RenewCrashFilter();
 }
 
 ModuleCall::~ModuleCall() {
+    EndAfterSwallowedException(m_uncaughtExceptions);
     g_innermost = m_outer;
     const std::size_t pushed = PushedHandles();
     if (pushed == m_resourceHandles) return;

@@ -29,6 +29,7 @@ class ModuleCall {
     const wchar_t* m_what;
     const ModuleCall* m_outer;
     std::size_t m_resourceHandles;  ///< pushed at the start
+    int m_uncaughtExceptions;       ///< at the start
 };
 
 /// For use in a catch block: reports the exception that left the innermost call, and ends the

@@ -92,7 +92,23 @@ AcEdCommandStack* Commands() {
     return static_cast<AcEdCommandStack*>(acrxSysRegistry()->at(L"ACAD_REGISTERED_COMMANDS"));
 }
 
+LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_CREATE && Is(L"crash in window")) WriteToNull();
+    if (message == WM_CREATE && Is(L"throw in window")) throw std::runtime_error("window");
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+void ShowWindowOfOwn() {
+    WNDCLASSW windowClass = {};
+    windowClass.lpfnWndProc = WindowProcedure;
+    windowClass.lpszClassName = L"Misbehaving";
+    RegisterClassW(&windowClass);
+    DestroyWindow(CreateWindowExW(0, L"Misbehaving", L"", WS_OVERLAPPEDWINDOW, 0, 0, 100, 100,
+                                  nullptr, nullptr, nullptr, nullptr));
+}
+
 void Command() {
+    if (Is(L"crash in window") || Is(L"throw in window")) ShowWindowOfOwn();
     if (Is(L"crash in command")) WriteToNull();
     if (Is(L"throw in command")) throw std::out_of_range("from a command");
     if (Is(L"crash in thread")) std::thread(WriteToNull).join();

@@ -59,6 +59,8 @@ INSTANTIATE_TEST_SUITE_P(
         Row{L"crash in command", L"command Bad", L"access violation"},
         Row{L"throw in command", L"command Bad",
             L"C++ exception of type std::out_of_range, \"from a command\""},
+        Row{L"crash in window", L"command Bad", L"access violation"},
+        Row{L"throw in window", L"command Bad", L"C++ exception"},
         Row{L"crash in kInvkSubrMsg", L"message kInvkSubrMsg (5), LISP function bad",
             L"access violation"},
         Row{L"crash in reactor", L"reactor operation documentToBeDestroyed", L"access violation"},
