@@ -5,14 +5,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 // The steps of each operation and timer tick, in their order.
 
 namespace {
 
 using testing::ElementsAre;
-using testing::ElementsAreArray;
 using testing::IsEmpty;
 
 using CustomToolTipSteps = TipSceneTest;
@@ -195,64 +192,6 @@ TEST_F(CustomToolTipSteps, IdleDismissalIsForgottenAtWhateverShowIsTried) {
     }
 }
 
-// Leave watch.
-
-TEST_F(CustomToolTipSteps, LeaveTicksGiveGraceThenDismissThenStop) {
-    tip->m_idlePeriod = 500;
-    RestAt(inFirst);
-    platform.cursor = inNone;
-    Calls();
-
-    Tick(leave);
-    EXPECT_THAT(Calls(), ElementsAre(L"GetCursorPos"));
-    EXPECT_EQ(tip->m_leaveCount, 1);
-    EXPECT_TRUE(tip->m_showing);
-
-    Tick(leave);
-    EXPECT_THAT(Calls(), ElementsAre(L"GetCursorPos", L"KillTimer 995", L"KillTimer 997",
-                                     L"SetWindowPos 0,10 1x1 20"));
-    EXPECT_EQ(tip->m_leaveCount, 2);
-    EXPECT_FALSE(tip->m_showing);
-    EXPECT_EQ(tip->m_current, -1);
-
-    Tick(leave);
-    EXPECT_THAT(Calls(), ElementsAre(L"KillTimer 994", L"KillTimer 995", L"KillTimer 997",
-                                     L"SetWindowPos 0,10 1x1 20"));
-    EXPECT_EQ(tip->m_leaveCount, 2);
-}
-
-TEST_F(CustomToolTipSteps, ReturnToTheEntryClearsTheLeaveCount) {
-    RestAt(inFirst);
-    platform.cursor = inNone;
-    Tick(leave);
-    platform.cursor = inFirst;
-
-    Tick(leave);
-
-    EXPECT_EQ(tip->m_leaveCount, 0);
-    EXPECT_EQ(State(), L"Fading");
-}
-
-TEST_F(CustomToolTipSteps, FailingCursorCountsAsHavingLeft) {
-    RestAt(inFirst);
-    platform.cursorResult = FALSE;
-
-    Tick(leave, 2);
-
-    EXPECT_EQ(State(), L"Closing");
-}
-
-TEST_F(CustomToolTipSteps, ShowOutOfClosingCountsFromNoneAgain) {
-    RestAt(inFirst);
-    platform.cursor = inNone;
-    Tick(leave, 2);
-
-    RestAt(inFirst);
-
-    EXPECT_EQ(State(), L"Fading");
-    EXPECT_EQ(tip->m_leaveCount, 0);
-}
-
 // Fade.
 
 TEST_F(CustomToolTipSteps, FadeRendersElevenLevelsAndStopsAtTheTwelfthTick) {
@@ -298,129 +237,7 @@ TEST_F(CustomToolTipSteps, FadeSwitchedOffInMidFadeRendersOnceMoreAtTheNextShow)
     EXPECT_THAT(Calls(), ElementsAre(L"KillTimer 995"));
 }
 
-// Idle watch.
-
-TEST_F(CustomToolTipSteps, IdleTickOfACursorAtRestDismisses) {
-    tip->m_idlePeriod = 500;
-    RestAt(inFirst);
-    tip->m_leaveCount = 1;
-    Calls();
-
-    Tick(idle);
-
-    EXPECT_THAT(Calls(), ElementsAre(L"GetCursorPos", L"KillTimer 997", L"KillTimer 994",
-                                     L"KillTimer 995", L"SetWindowPos 0,10 1x1 20"));
-    EXPECT_TRUE(tip->m_idleDismissed);
-    EXPECT_FALSE(tip->m_showing);
-    EXPECT_EQ(tip->m_leaveCount, 0);
-    EXPECT_EQ(tip->m_current, -1);
-}
-
-TEST_F(CustomToolTipSteps, IdleTickOfAMovedCursorSamplesItsPoint) {
-    tip->m_idlePeriod = 500;
-    RestAt(inFirst);
-    platform.cursor = {inFirst.x, inFirst.y + 1};
-    Calls();
-
-    Tick(idle);
-
-    EXPECT_THAT(Calls(), ElementsAre(L"GetCursorPos"));
-    EXPECT_TRUE(Same(tip->m_idlePoint, platform.cursor));
-    EXPECT_FALSE(tip->m_idleDismissed);
-}
-
-TEST_F(CustomToolTipSteps, IdleTickWithoutACursorDoesNothing) {
-    tip->m_idlePeriod = 500;
-    RestAt(inFirst);
-    platform.cursorResult = FALSE;
-    Calls();
-
-    Tick(idle);
-
-    EXPECT_THAT(Calls(), ElementsAre(L"GetCursorPos"));
-    EXPECT_EQ(State(), L"Fading");
-}
-
-TEST_F(CustomToolTipSteps, CursorThatLeftAndCameBackBetweenTwoSamplesCountsAsAtRest) {
-    tip->m_idlePeriod = 500;
-    RestAt(inFirst);
-    platform.cursor = inNone;
-    Tick(leave);
-    platform.cursor = inFirst;
-
-    Tick(idle);
-
-    EXPECT_EQ(State(), L"Parked");
-}
-
-TEST_F(CustomToolTipSteps, IdleDismissedTipStaysAwayFromThatPointAlone) {
-    tip->m_idlePeriod = 500;
-    RestAt(inFirst);
-    Tick(idle);
-
-    for (int again = 0; again < 3; ++again) {
-        RelayAt(inFirst);
-        Calls();
-        Tick(hover);
-        EXPECT_THAT(Calls(), ElementsAre(L"KillTimer 996", L"GetCursorPos"));
-        EXPECT_EQ(State(), L"Parked");
-        EXPECT_TRUE(tip->m_idleDismissed);
-    }
-    RestAt({inFirst.x + 1, inFirst.y});
-
-    EXPECT_EQ(State(), L"Fading");
-    EXPECT_FALSE(tip->m_idleDismissed);
-}
-
-// The cursor over the tip's window, and messages that mean nothing.
-
-TEST_F(CustomToolTipSteps, MoveOverTheTipOutsideOfItsEntryDismissesAtOnce) {
-    tip->m_idlePeriod = 500;
-    RestAt(inFirst);
-    platform.cursor = inNone;
-    tip->m_leaveCount = 1;
-    Calls();
-
-    tip->SendMessage(WM_MOUSEMOVE);
-
-    EXPECT_THAT(Calls(), ElementsAre(L"GetCursorPos", L"KillTimer 994", L"KillTimer 995",
-                                     L"KillTimer 997", L"SetWindowPos 0,10 1x1 20"));
-    EXPECT_FALSE(tip->m_showing);
-    EXPECT_EQ(tip->m_leaveCount, 0);
-    EXPECT_EQ(tip->m_current, -1);
-}
-
-TEST_F(CustomToolTipSteps, MoveOverTheTipInItsEntryChangesNothing) {
-    RestAt(inFirst);
-    Calls();
-
-    tip->SendMessage(WM_MOUSEMOVE);
-
-    EXPECT_THAT(Calls(), ElementsAre(L"GetCursorPos"));
-    EXPECT_EQ(State(), L"Fading");
-}
-
-TEST_F(CustomToolTipSteps, MoveOverTheTipWithoutACursorDismisses) {
-    RestAt(inFirst);
-    platform.cursorResult = FALSE;
-
-    tip->SendMessage(WM_MOUSEMOVE);
-
-    EXPECT_EQ(State(), L"Parked");
-}
-
-TEST_F(CustomToolTipSteps, MoveOverTheParkedWindowAsksForNoCursorAndStopsTheLeaveTimer) {
-    RestAt(inFirst);
-    platform.cursor = inNone;
-    Tick(leave, 2);
-    Calls();
-
-    tip->SendMessage(WM_MOUSEMOVE);
-
-    EXPECT_THAT(Calls(), ElementsAre(L"KillTimer 994", L"KillTimer 995", L"KillTimer 997",
-                                     L"SetWindowPos 0,10 1x1 20"));
-    EXPECT_EQ(State(), L"Parked");
-}
+// Timers that mean nothing.
 
 TEST_F(CustomToolTipSteps, OtherTimersDoNothing) {
     RestAt(inFirst);
@@ -431,79 +248,4 @@ TEST_F(CustomToolTipSteps, OtherTimersDoNothing) {
 
     EXPECT_THAT(Calls(), IsEmpty());
     EXPECT_EQ(State(), L"Fading");
-}
-
-// A render that can't draw, and indices that name nothing.
-
-namespace {
-
-struct LeftByHandler {};
-
-void LeaveByException(const wchar_t*, const wchar_t*, const wchar_t*, unsigned, uintptr_t) {
-    throw LeftByHandler();
-}
-
-class CustomToolTipFailures : public TipSceneTest {
-  protected:
-    CustomToolTipFailures() { m_before = _set_invalid_parameter_handler(LeaveByException); }
-    ~CustomToolTipFailures() override { _set_invalid_parameter_handler(m_before); }
-
-  private:
-    _invalid_parameter_handler m_before;
-};
-
-}  // namespace
-
-TEST_F(CustomToolTipFailures, RenderThatFailsAtTheShowParksButTheTimersStart) {
-    tip->m_idlePeriod = 500;
-    tip->whenRendered = [this] { tip->m_current = -1; };
-    RelayAt(inFirst);
-    Calls();
-
-    Tick(hover);
-
-    EXPECT_THAT(Calls(),
-                ElementsAre(L"KillTimer 996", L"GetCursorPos", L"MeasureTip 0", L"RenderTip 0 0",
-                            L"SetWindowPos 0,10 1x1 20", L"ValidateRect", L"GetDC", L"PaintTip",
-                            L"ReleaseDC", L"SetTimer 995 55", L"KillTimer 994",
-                            L"SetTimer 994 1100", L"KillTimer 997", L"SetTimer 997 500"));
-    EXPECT_TRUE(tip->m_showing);
-    Tick(fade);
-    EXPECT_EQ(Calls().front(), L"RenderTip -1 0");
-}
-
-TEST_F(CustomToolTipFailures, RenderThatFailsInTheFadeLeavesTheWindowInItsPlace) {
-    RestAt(inFirst);
-    const RECT before = WindowRect();
-    tip->whenRendered = [this] { tip->m_current = -1; };
-    Calls();
-
-    Tick(fade, 2);
-
-    EXPECT_THAT(Calls(), ElementsAre(L"RenderTip 0 0", L"GetDC", L"PaintTip", L"ReleaseDC",
-                                     L"RenderTip -1 0.10000000000000001", L"GetDC", L"PaintTip",
-                                     L"ReleaseDC"));
-    const RECT after = WindowRect();
-    EXPECT_TRUE(EqualRect(&before, &after));
-}
-
-TEST_F(CustomToolTipFailures, RenderThatFailsUnfadedIsParkedByTheLeaveWatch) {
-    tip->m_fadeEnabled = false;
-    tip->whenRendered = [this] { tip->m_current = -1; };
-    RestAt(inFirst);
-    EXPECT_TRUE(IsParked());
-
-    Tick(leave, 3);
-
-    EXPECT_EQ(State(), L"Parked");
-}
-
-TEST_F(CustomToolTipFailures, CurrentIndexPastTheEntriesEndsInTheInvalidParameterHandler) {
-    RestAt(inSecond);
-    tip->RemoveTip(&second);
-
-    EXPECT_THROW(tip->IsCursorOverCurrentTip(), LeftByHandler);
-    EXPECT_THROW(tip->SendMessage(WM_TIMER, leave), LeftByHandler);
-    tip->m_anchorToItem = true;
-    EXPECT_THROW(tip->PlaceTip(), LeftByHandler);
 }

@@ -128,6 +128,7 @@ TEST_F(ToolTipOnScreen, ComesFadesAndLeaves) {
     SetCursorPos(50, 900);
     EXPECT_TRUE(DispatchUntil([this] { return IsParked(); }));
     EXPECT_TRUE(owner.tip->IsWindowVisible());
+    EXPECT_NE(owner.tip->m_backBuffer, nullptr);  // The picture stays for a later paint.
 }
 
 TEST_F(ToolTipOnScreen, ShowsThePictureButForTwoColumnsAndRowsUnderItsBorder) {
