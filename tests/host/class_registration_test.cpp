@@ -19,6 +19,7 @@ constexpr const wchar_t* names[] = {L"KvtTestA", L"KvtTestB", L"KvtTestC", L"Kvt
 constexpr const wchar_t* parents[] = {L"AcRxObject", L"KvtTestA", L"KvtTestB", L"KvtTestA"};
 
 AcRxClass* g_classes[classCount] = {};
+extern DbxClassEntry g_rows[classCount];
 
 template <int index>
 AcRxClass* Desc() {
@@ -27,6 +28,7 @@ AcRxClass* Desc() {
 
 template <int index>
 void Init() {
+    EXPECT_FALSE(g_rows[index].registered);
     CallJournal::Add(L"init " + std::wstring(names[index]));
     g_classes[index] = newAcRxClass(names[index], parents[index]);
 }
