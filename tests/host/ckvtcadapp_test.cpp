@@ -147,8 +147,7 @@ TEST_F(CKVTCADAppTest, EachDrawingQueuesTheLoadThenDefinesTheFunctions) {
     CallJournal::Clear();
 
     EXPECT_EQ(g_application.On_kLoadDwgMsg(nullptr), AcRx::kRetOK);
-    const Calls first = CallJournal::Calls();
-    CallJournal::Clear();
+    const Calls first = CallJournal::Take();
     EXPECT_EQ(g_application.On_kLoadDwgMsg(nullptr), AcRx::kRetOK);
 
     ASSERT_EQ(first.size(), 3u);

@@ -127,7 +127,7 @@ TEST_F(ClassRegistrationTest, DerivedClassesGoFirstWhateverTheOrderOfSlots) {
 
         RemoveClasses(Table());
 
-        const Calls calls = CallJournal::Calls();
+        const Calls calls = CallJournal::Take();
         ASSERT_EQ(calls.size(), 4u);
         EXPECT_LT(Place(calls, B), Place(calls, A));
         EXPECT_LT(Place(calls, C), Place(calls, B));

@@ -17,8 +17,7 @@ using Calls = std::vector<std::wstring>;
 CHILD_SCENARIO(CommandStackAsksForItsClassOnce) {
     FakeHost host;
     CommandStack();
-    const Calls first = CallJournal::Calls();
-    CallJournal::Clear();
+    const Calls first = CallJournal::Take();
     CommandStack();
     return first == Calls{L"at ACAD_REGISTERED_COMMANDS", L"at ClassDictionary",
                           L"at AcEdCommandStack"} &&
@@ -39,11 +38,11 @@ CHILD_SCENARIO(ReactorClassAsksOnce) {
     FakeHost host;
     CallJournal::Clear();
     AcRxClass* const first = DocManagerReactorClass();
-    const Calls calls = CallJournal::Calls();
+    const Calls calls = CallJournal::Take();
     AcRxClass* const second = DocManagerReactorClass();
     return first == AcApDocManagerReactor::desc() && second == first &&
                    calls == Calls{L"at ClassDictionary", L"at AcApDocManagerReactor"} &&
-                   CallJournal::Calls() == calls
+                   CallJournal::Calls().empty()
                ? 0
                : 1;
 }

@@ -103,8 +103,7 @@ TEST_F(LispFunctionsTest, DefinesEachRowByItsPlaceAmongTheRows) {
 
 TEST_F(LispFunctionsTest, DefinesAnewAtEachCall) {
     DefineLispFunctions(table, m_instance);
-    const Calls once = CallJournal::Calls();
-    CallJournal::Clear();
+    const Calls once = CallJournal::Take();
 
     DefineLispFunctions(table, m_instance);
 
@@ -133,11 +132,10 @@ TEST_F(LispFunctionsTest, CodesAreCutTo16BitsForNamesAlone) {
 
     DefineLispFunctions(many.Range(), m_instance);
 
-    const Calls defined = CallJournal::Calls();
+    const Calls defined = CallJournal::Take();
     ASSERT_EQ(defined.size(), 2u * 65538);
     EXPECT_EQ(defined[2 * 65537], L"acedDefun _资源名 1");
     EXPECT_EQ(defined[2 * 65537 + 1], L"acedRegFunc 65537");
-    CallJournal::Clear();
     UndefineLispFunctions(many.Range(), m_instance);
     EXPECT_EQ(CallJournal::Calls()[65537], L"acedUndef _资源名 1");
     EXPECT_EQ(Invoke(65537, many.Range()), Calls{L"second"});

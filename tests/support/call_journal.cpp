@@ -1,6 +1,7 @@
 #include "support/call_journal.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -18,6 +19,10 @@ void CallJournal::Add(const std::wstring& call) {
 
 const std::vector<std::wstring>& CallJournal::Calls() {
     return g_calls;
+}
+
+std::vector<std::wstring> CallJournal::Take() {
+    return std::exchange(g_calls, {});
 }
 
 int CallJournal::Count(const std::wstring& call) {

@@ -13,6 +13,9 @@ void Clear();
 void Add(const std::wstring& call);
 const std::vector<std::wstring>& Calls();
 
+/// The list, which is empty afterwards.
+std::vector<std::wstring> Take();
+
 /// How many entries equal `call`.
 int Count(const std::wstring& call);
 
