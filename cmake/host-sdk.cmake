@@ -7,3 +7,5 @@ target_link_libraries(host_interface INTERFACE
   rxapi acdb17 acge17 acad adui17 acui17 acedapi)
 target_compile_definitions(host_interface INTERFACE _AFXDLL _AFXEXT)
 set(CMAKE_MFC_FLAG 2)
+# The framework refuses to come behind windows.h, which our headers include where they need it.
+target_compile_options(host_interface INTERFACE $<$<COMPILE_LANGUAGE:CXX>:/FIafxwin.h>)
