@@ -51,7 +51,8 @@ std::optional<std::wstring> FindLispFile(LispHost& host, const std::wstring& nam
     if (name.empty()) return std::nullopt;
     if (!SplitFileName(name).extension.empty()) return host.FindFile(name);
     for (const wchar_t* extension : {L".vlx", L".fas", L".lsp", L""}) {
-        if (const auto path = host.FindFile(name + extension)) return path;
+        auto path = host.FindFile(name + extension);
+        if (path) return path;
     }
     return std::nullopt;
 }

@@ -80,6 +80,7 @@ bool IsLispFunction(const LispValue& value) {
 LispEvaluator::LispEvaluator(LispHost& host) : m_host(host) {
     DefineSpecialForms(*this);
     DefineNumberFunctions(*this);
+    DefinePointFunctions(*this);
     DefineComparisonFunctions(*this);
     DefinePredicates(*this);
     DefineListFunctions(*this);
@@ -189,6 +190,7 @@ LispValue LispEvaluator::ApplyCallable(const LispValue& callable,
     if (!row.isSpecialForm) return CallSubr(row, arguments);
     // As in (apply 'and list): the values mustn't be evaluated once more.
     std::vector<LispValue> quoted;
+    quoted.reserve(arguments.size());
     for (const LispValue& argument : arguments)
         quoted.push_back(Quoted(argument));
     return CallSubr(row, quoted);

@@ -7,6 +7,7 @@ class LispEvaluator;
 // Each defines the built-in functions of one subject; the table stands at the end of its file.
 void DefineSpecialForms(LispEvaluator& evaluator);
 void DefineNumberFunctions(LispEvaluator& evaluator);
+void DefinePointFunctions(LispEvaluator& evaluator);
 void DefineComparisonFunctions(LispEvaluator& evaluator);
 void DefinePredicates(LispEvaluator& evaluator);
 void DefineListFunctions(LispEvaluator& evaluator);

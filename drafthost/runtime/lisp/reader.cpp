@@ -3,9 +3,9 @@
 #include "runtime/lisp/error.h"
 #include "runtime/lisp/number_text.h"
 
+#include <algorithm>
 #include <optional>
 #include <string_view>
-#include <vector>
 
 namespace drafthost {
 
@@ -45,6 +45,8 @@ struct LispReader::OpenList {
     Dot dot = Dot::None;
     LispValue tail;
 
+    bool TakesDot() const { return !isQuotation && !items.empty() && dot == Dot::None; }
+
     void Add(const LispValue& value) {
         if (dot == Dot::None) {
             items.push_back(value);
@@ -68,35 +70,8 @@ bool LispReader::Next(LispValue& expression) {
             if (open.empty()) return false;
             FailAtEnd(L"malformed list on input");
         }
-        const wchar_t letter = m_text[m_at];
         LispValue value;
-        bool isDot = false;
-        if (letter == L'(' || letter == L'\'') {
-            ++m_at;
-            open.emplace_back();
-            open.back().isQuotation = letter == L'\'';
-            continue;
-        }
-        if (letter == L')') {
-            ++m_at;
-            if (open.empty()) throw LispError(L"extra right paren on input");
-            if (open.back().isQuotation) throw LispError(L"malformed list on input");
-            if (open.back().dot == OpenList::Dot::Seen) throw LispError(L"misplaced dot on input");
-            value = LispValue::List(open.back().items, open.back().tail);
-            open.pop_back();
-        } else if (letter == L'"') {
-            value = ReadString();
-        } else {
-            value = ReadWord(isDot);
-        }
-        if (isDot) {
-            if (open.empty() || open.back().isQuotation || open.back().items.empty() ||
-                open.back().dot != OpenList::Dot::None) {
-                throw LispError(L"misplaced dot on input");
-            }
-            open.back().dot = OpenList::Dot::Seen;
-            continue;
-        }
+        if (!ReadPiece(open, value)) continue;
         while (!open.empty() && open.back().isQuotation) {
             value = LispValue::List({m_symbols.Intern(L"QUOTE"), value});
             open.pop_back();
@@ -107,6 +82,35 @@ bool LispReader::Next(LispValue& expression) {
         }
         open.back().Add(value);
     }
+}
+
+/// Reads up to the end of a parenthesis, quotation mark or atom; true when that gives a value.
+bool LispReader::ReadPiece(std::vector<OpenList>& open, LispValue& value) {
+    switch (m_text[m_at]) {
+        case L'(':
+        case L'\'':
+            open.emplace_back();
+            open.back().isQuotation = m_text[m_at++] == L'\'';
+            return false;
+        case L')':
+            ++m_at;
+            value = Closed(open);
+            return true;
+        case L'"':
+            value = ReadString();
+            return true;
+        default:
+            return ReadWord(open, value);
+    }
+}
+
+LispValue LispReader::Closed(std::vector<OpenList>& open) {
+    if (open.empty()) throw LispError(L"extra right paren on input");
+    if (open.back().isQuotation) throw LispError(L"malformed list on input");
+    if (open.back().dot == OpenList::Dot::Seen) throw LispError(L"misplaced dot on input");
+    LispValue list = LispValue::List(open.back().items, open.back().tail);
+    open.pop_back();
+    return list;
 }
 
 void LispReader::SkipBlanks() {
@@ -170,16 +174,20 @@ wchar_t LispReader::ReadEscape() {
     }
 }
 
-LispValue LispReader::ReadWord(bool& isDot) {
+/// A number, a symbol, or the dot of a pair, which gives no value.
+bool LispReader::ReadWord(std::vector<OpenList>& open, LispValue& value) {
     const std::size_t start = m_at;
     while (m_at < m_text.size() && !EndsWord(m_text[m_at]))
         ++m_at;
     const std::wstring word = m_text.substr(start, m_at - start);
-    isDot = word == L".";
-    if (isDot) return LispValue();
+    if (word == L"." && !open.empty() && open.back().TakesDot()) {
+        open.back().dot = OpenList::Dot::Seen;
+        return false;
+    }
     if (word[0] == L'.') throw LispError(L"misplaced dot on input");
-    if (const auto number = ParseLispNumber(word)) return *number;
-    return m_symbols.Intern(word);
+    const auto number = ParseLispNumber(word);
+    value = number ? *number : m_symbols.Intern(word);
+    return true;
 }
 
 void LispReader::FailAtEnd(const wchar_t* message) {

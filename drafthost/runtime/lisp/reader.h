@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 namespace drafthost {
 
@@ -29,9 +30,11 @@ class LispReader {
 
     void SkipBlanks();
     void SkipBlockComment();
+    bool ReadPiece(std::vector<OpenList>& open, LispValue& value);
+    LispValue Closed(std::vector<OpenList>& open);
     LispValue ReadString();
     wchar_t ReadEscape();
-    LispValue ReadWord(bool& isDot);
+    bool ReadWord(std::vector<OpenList>& open, LispValue& value);
     [[noreturn]] void FailAtEnd(const wchar_t* message);
 
     const std::wstring& m_text;

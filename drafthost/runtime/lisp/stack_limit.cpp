@@ -8,7 +8,7 @@ namespace drafthost {
 
 namespace {
 
-constexpr std::uintptr_t keptFree = 256 * 1024;
+constexpr std::uintptr_t keptFree = 0x40000;
 
 }  // namespace
 

@@ -17,7 +17,7 @@ LispValue LispSymbols::Intern(const std::wstring& name) {
     if (upper == L"T") return LispValue::True();
     const auto found = m_symbols.find(upper);
     if (found != m_symbols.end()) return found->second;
-    const LispValue symbol = LispValue::OfNewCell(LispKind::Symbol, new SymbolCell(upper));
+    LispValue symbol = LispValue::OfNewCell(LispKind::Symbol, new SymbolCell(upper));
     m_symbols.emplace(std::move(upper), symbol);
     return symbol;
 }

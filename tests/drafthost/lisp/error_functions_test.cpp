@@ -151,6 +151,20 @@ TEST(LispErrors, ExitWithinTheErrorFunctionJustEndsIt) {
     EXPECT_EQ(host.printed, L"bad argument type: consp 1");
 }
 
+TEST(LispErrors, ErrorFunctionIsCalledForAnEvaluationWithinACaughtCall) {
+    TestHost host;
+    LispInterpreter interpreter(host);
+    interpreter.DefineExternal(L"ext", {1, 0});
+    host.external = [&](const LispExternal&, const std::vector<LispValue>&) {
+        EXPECT_TRUE(interpreter.Evaluate(L"(car 1)").handled);
+        return LispValue();
+    };
+
+    interpreter.Evaluate(L"(defun *error* (m) (princ m)) (vl-catch-all-apply 'ext)");
+
+    EXPECT_EQ(host.printed, L"bad argument type: consp 1");
+}
+
 TEST(LispErrors, HostsCallbackMayThrowOne) {
     TestHost host;
     LispInterpreter interpreter(host);

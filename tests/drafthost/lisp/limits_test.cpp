@@ -1,5 +1,6 @@
 #include "drafthost/lisp/test_host.h"
 
+#include "runtime/lisp/error.h"
 #include "support/temp_folder.h"
 
 #include <gtest/gtest.h>
@@ -36,7 +37,7 @@ TEST(LispLimits, DeepRecursionIsAnErrorAndTheHostLives) {
     interpreter.Evaluate(L"(defun deep (n) (setq reached n) (+ 1 (deep (1+ n))))");
 
     EXPECT_EQ(Shown(interpreter, L"(deep 0)"), L"; error: internal stack limit reached");
-    EXPECT_EQ(Shown(interpreter, L"(> reached 1000)"), L"T");
+    EXPECT_EQ(Shown(interpreter, L"(> reached 300)"), L"T");
     EXPECT_EQ(Shown(interpreter, L"n"), L"nil");
 }
 
@@ -172,6 +173,22 @@ TEST(LispLimits, TooManyCellsAreAnErrorThatCanBeMended) {
               L"; error: insufficient node space");
     EXPECT_EQ(Shown(interpreter, L"(setq l nil)"), L"nil");
     EXPECT_LT(LiveLispCells(), 10000u);
+}
+
+TEST(LispLimits, AnEvaluationHasCellsOfItsOwnWhenAllAreUsedUp) {
+    TestHost host;
+    LispInterpreter interpreter(host);
+    LispValue list;
+    const auto takeAll = [&] {
+        for (;;)
+            list = LispValue::Cons(LispValue(), list);
+    };
+    EXPECT_THROW(takeAll(), LispError);
+    interpreter.SetSymbol(L"l", list);
+    list = LispValue();
+
+    EXPECT_EQ(Shown(interpreter, L"(setq a (list \"b\" 'c))"), L"(\"b\" C)");
+    EXPECT_EQ(Shown(interpreter, L"(setq l nil)"), L"nil");
 }
 
 TEST(LispLimits, TooLongStringsAreAnError) {

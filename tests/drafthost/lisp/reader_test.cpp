@@ -82,6 +82,11 @@ TEST(LispReader, SkipsComments) {
         {"block", L";| 1\n2 |; 3", L"3"},
         {"block within a list", L"(+ 1 ;| 2 |; 3)", L"4"},
         {"a semicolon within a block", L";| ; |; 5", L"5"},
+        {"byte order mark", L"\xFEFF(+ 1 2)", L"3"},
+        {"blank that doesn't break",
+         L"(+\x00A0"
+         L"1 2)",
+         L"3"},
         {"only a comment", L"; nothing", L"nil"},
         {"nothing", L"", L"nil"},
     });
