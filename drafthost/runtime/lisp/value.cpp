@@ -11,7 +11,7 @@ namespace drafthost {
 
 namespace {
 
-constexpr std::size_t mostCells = 2000000;
+constexpr std::size_t mostCells = 1000000;
 constexpr std::size_t mostLetters = 0x400000;
 
 std::atomic<std::size_t> g_liveCells{0};

@@ -91,7 +91,7 @@ class LispValue {
 };
 
 /// How many strings, symbols, pairs and functions exist in the process: what a test for leaks
-/// compares. Beyond two million no more strings and pairs are made, so that a runaway program
+/// compares. Beyond a million no more strings and pairs are made, so that a runaway program
 /// doesn't take all memory.
 std::size_t LiveLispCells();
 

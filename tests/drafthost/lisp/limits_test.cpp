@@ -54,12 +54,14 @@ TEST(LispLimits, EveryWayOfRecursionEnds) {
         L"(setq lambda '(lambda ())) (lambda)",
     };
     for (const wchar_t* way : ways) {
-        TestHost host;
-        LispInterpreter interpreter(host);
+        OnSmallStack([&] {
+            TestHost host;
+            LispInterpreter interpreter(host);
 
-        EXPECT_EQ(Shown(interpreter, way), L"; error: internal stack limit reached")
-            << testing::PrintToString(std::wstring(way));
-        EXPECT_EQ(Shown(interpreter, L"(+ 1 2)"), L"3");
+            EXPECT_EQ(Shown(interpreter, way), L"; error: internal stack limit reached")
+                << testing::PrintToString(std::wstring(way));
+            EXPECT_EQ(Shown(interpreter, L"(+ 1 2)"), L"3");
+        });
     }
 }
 
