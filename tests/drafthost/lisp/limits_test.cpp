@@ -22,7 +22,7 @@ DWORD WINAPI RunFunction(void* function) {
 /// Runs `work` to its end on a thread whose stack has 256 KB.
 void OnSmallStack(const std::function<void()>& work) {
     HANDLE thread =
-        CreateThread(nullptr, 256 * 1024, RunFunction, const_cast<std::function<void()>*>(&work),
+        CreateThread(nullptr, 0x40000, RunFunction, const_cast<std::function<void()>*>(&work),
                      STACK_SIZE_PARAM_IS_A_RESERVATION, nullptr);
     ASSERT_NE(thread, nullptr);
     WaitForSingleObject(thread, INFINITE);
