@@ -19,7 +19,8 @@ DWORD WINAPI RunFunction(void* function) {
     return 0;
 }
 
-/// Runs `work` to its end on a thread whose stack has 256 KB.
+/// Runs `work` to its end on a thread with the smallest stack that the system gives for 256 KB:
+/// Wine gives 1 MB.
 void OnSmallStack(const std::function<void()>& work) {
     HANDLE thread =
         CreateThread(nullptr, 0x40000, RunFunction, const_cast<std::function<void()>*>(&work),

@@ -82,7 +82,10 @@ TEST(LispReader, SkipsComments) {
         {"block", L";| 1\n2 |; 3", L"3"},
         {"block within a list", L"(+ 1 ;| 2 |; 3)", L"4"},
         {"a semicolon within a block", L";| ; |; 5", L"5"},
-        {"byte order mark", L"\xFEFF(+ 1 2)", L"3"},
+        {"byte order mark",
+         L"(+\xFEFF"
+         L"1 2)",
+         L"3"},
         {"blank that doesn't break",
          L"(+\x00A0"
          L"1 2)",
@@ -97,6 +100,8 @@ TEST(LispReader, RefusesWhatCannotBeRead) {
         {"list not closed", L"(+ 1", L"; error: malformed list on input"},
         {"nothing to quote", L"'", L"; error: malformed list on input"},
         {"nothing to quote in a list", L"(')", L"; error: malformed list on input"},
+        {"nothing to quote in a list that goes on", L"'((a ')))",
+         L"; error: malformed list on input"},
         {"string not closed", L"\"abc", L"; error: malformed string on input"},
         {"string ends within an escape", L"\"abc\\", L"; error: malformed string on input"},
         {"comment not closed", L"1 ;| 2", L"; error: malformed comment on input"},
