@@ -1,5 +1,7 @@
 #include "test_window.h"
 
+#include "support/import_hook.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -78,6 +80,25 @@ BEGIN_MESSAGE_MAP(Refusing, CWnd)
 ON_WM_CREATE()
 END_MESSAGE_MAP()
 
+HWND g_inputMethodWindow = nullptr;
+decltype(&CreateWindowExW) g_createWindow = nullptr;
+
+/// As where a thread's first window brings the input method's window with it.
+HWND WINAPI CreateInputMethodWindowFirst(DWORD extendedStyle, LPCWSTR className, LPCWSTR name,
+                                         DWORD style, int x, int y, int width, int height,
+                                         HWND parent, HMENU menu, HINSTANCE instance,
+                                         LPVOID parameter) {
+    WNDCLASSW inputMethod = {};
+    inputMethod.style = CS_IME;
+    inputMethod.lpfnWndProc = ::DefWindowProcW;
+    inputMethod.lpszClassName = L"framework test input method";
+    RegisterClassW(&inputMethod);
+    g_inputMethodWindow = g_createWindow(0, inputMethod.lpszClassName, L"", WS_POPUP, 0, 0, 1, 1,
+                                         nullptr, nullptr, nullptr, nullptr);
+    return g_createWindow(extendedStyle, className, name, style, x, y, width, height, parent, menu,
+                          instance, parameter);
+}
+
 HWND MakeBareEdit() {
     return CreateWindowExW(0, L"EDIT", L"abc", WS_POPUP, 0, 0, 50, 20, nullptr, nullptr, nullptr,
                            nullptr);
@@ -121,6 +142,21 @@ TEST(Window, ControlOfThePlatformGetsItsObjectFromTheFirstMessageOn) {
 
     EXPECT_EQ(window.m_messages.front(), static_cast<UINT>(WM_NCCREATE));
     EXPECT_EQ(window.GetWindowTextLength(), 1) << "the control's own processing stands behind it";
+}
+
+TEST(Window, InputMethodsWindowIsNotTakenForTheOneBeingMade) {
+    CWnd window;
+    {
+        ImportHook<decltype(&CreateWindowExW)> hook(GetModuleHandleW(L"drafthost17.dll"),
+                                                    "USER32.dll", "CreateWindowExW",
+                                                    &CreateInputMethodWindowFirst);
+        g_createWindow = hook.Original();
+        ASSERT_TRUE(MakeTestWindow(window));
+    }
+
+    EXPECT_EQ(CWnd::FromHandlePermanent(g_inputMethodWindow), nullptr);
+    EXPECT_NE(window.m_hWnd, g_inputMethodWindow);
+    ::DestroyWindow(g_inputMethodWindow);
 }
 
 TEST(Window, UnknownClassMakesNoWindowAndLeavesTheObjectAsItWas) {
