@@ -68,8 +68,8 @@ IMPLEMENT_DYNAMIC(CAdUiTabChildDialog, CAdUiDialog)
 CAdUiTabChildDialog::CAdUiTabChildDialog(CWnd* parent, HINSTANCE resources)
     : CAdUiDialog(0, parent, resources) {}
 
-BOOL CAdUiTabChildDialog::PreTranslateMessage(MSG* message) {
-    return CWnd::PreTranslateMessage(message);
+BOOL CAdUiTabChildDialog::PreTranslateMessage(MSG* /*message*/) {
+    return FALSE;  // The main dialog is asked next and takes the keys of dialogs for its pages.
 }
 
 void CAdUiTabChildDialog::OnOK() {
