@@ -44,6 +44,7 @@ struct NarrowOptions {
 
 std::vector<std::wstring> Widened(const std::vector<std::string>& texts) {
     std::vector<std::wstring> wide;
+    wide.reserve(texts.size());
     for (const std::string& text : texts)
         wide.push_back(DecodeText(text));
     return wide;
@@ -52,6 +53,7 @@ std::vector<std::wstring> Widened(const std::vector<std::string>& texts) {
 /// The parser takes the arguments in reverse order.
 std::vector<std::string> Reversed(const std::vector<std::wstring>& arguments) {
     std::vector<std::string> narrow;
+    narrow.reserve(arguments.size());
     for (const std::wstring& argument : arguments)
         narrow.push_back(EncodeText(argument));
     std::reverse(narrow.begin(), narrow.end());
