@@ -24,8 +24,8 @@ DRAFTHOST_API HINSTANCE AfxGetResourceHandle();
 DRAFTHOST_API void AfxSetResourceHandle(HINSTANCE handle);
 
 /// The module that holds the resource: the one set as resource handle, else the newest extension
-/// module that has it, else the program (also where the program is what was set). With none, what `AfxGetResourceHandle` gives. `name` and
-/// `type` as for FindResourceW.
+/// module that has it, else the program (also where the program is what was set). With none, what
+/// `AfxGetResourceHandle` gives. `name` and `type` as for FindResourceW.
 DRAFTHOST_API HINSTANCE AfxFindResourceHandle(LPCWSTR name, LPCWSTR type);
 
 /// Puts an extension module into the chain of modules that are searched for resources. Made with

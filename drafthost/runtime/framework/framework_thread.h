@@ -34,7 +34,7 @@ class CFrameworkThread {
     int m_carriers = 0;                    ///< `ExceptionCarrier`s under way
     std::exception_ptr m_exception;        ///< waits for the innermost carrier
     WindowCreation* m_creation = nullptr;  ///< the innermost
-    std::vector<CWnd*> m_modalDialogs;      ///< the innermost last
+    std::vector<CWnd*> m_modalDialogs;     ///< the innermost last
 
   private:
     LRESULT DispatchGuarded(CWnd* window, const MSG& message);
