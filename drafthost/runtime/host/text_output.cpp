@@ -81,8 +81,4 @@ void SetVerbose(bool verbose) {
     g_verbose = verbose;
 }
 
-bool IsVerbose() {
-    return g_verbose;
-}
-
 }  // namespace drafthost

@@ -12,6 +12,5 @@ namespace drafthost {
 void PrintNote(const std::wstring& line);
 
 void SetVerbose(bool verbose);
-bool IsVerbose();
 
 }  // namespace drafthost
