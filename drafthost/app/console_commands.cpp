@@ -3,6 +3,14 @@
 
 namespace drafthost {
 
+namespace {
+
+std::wstring Assignment(std::wstring name, const std::wstring& value) {
+    return name.append(L"=").append(value);
+}
+
+}  // namespace
+
 /// One of the host's own commands.
 struct Console::OwnCommand {
     const wchar_t* name;
@@ -54,7 +62,7 @@ bool Console::Close(const std::wstring&) {
 bool Console::Environment(const std::wstring& rest) {
     if (rest.empty()) {
         for (const auto& [name, value] : AllSettings())
-            PrintLine(name + L"=" + value);
+            PrintLine(Assignment(name, value));
         return true;
     }
     const std::size_t equals = rest.find(L'=');
@@ -65,7 +73,7 @@ bool Console::Environment(const std::wstring& rest) {
         return false;
     }
     const auto value = GetSetting(name);
-    PrintLine(value ? name + L"=" + *value : L"There is no setting " + name + L".");
+    PrintLine(value ? Assignment(name, *value) : L"There is no setting " + name + L".");
     return value.has_value();
 }
 

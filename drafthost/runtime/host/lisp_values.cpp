@@ -142,10 +142,9 @@ class BufferReader {
 
   private:
     static LispValue Point(const resbuf& buffer, int count) {
-        std::vector<LispValue> items;
-        for (int index = 0; index < count; ++index) {
-            items.push_back(LispValue::Real(buffer.resval.rpoint[index]));
-        }
+        std::vector<LispValue> items(static_cast<std::size_t>(count));
+        std::transform(buffer.resval.rpoint, buffer.resval.rpoint + count, items.begin(),
+                       LispValue::Real);
         return LispValue::List(items);
     }
 

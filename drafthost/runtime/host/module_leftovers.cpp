@@ -10,8 +10,9 @@ namespace {
 
 void Add(std::vector<std::wstring>& texts, const std::wstring& kind,
          const std::vector<std::wstring>& names, const std::wstring& tail = L"") {
-    for (const std::wstring& name : names)
-        texts.push_back(kind + L" " + name + tail);
+    for (const std::wstring& name : names) {
+        texts.emplace_back(kind).append(L" ").append(name).append(tail);
+    }
 }
 
 }  // namespace

@@ -86,7 +86,8 @@ LoadResult ModuleTable::Start(Module& module) {
     if (Send(module, AcRx::kInitAppMsg) == AcRx::kRetError) {
         StartNewLine();
         for (const std::wstring& leftover : Remove(module)) {
-            PrintNote(L"drafthost: dropped " + leftover + L" of " + path);
+            PrintNote(
+                std::wstring(L"drafthost: dropped ").append(leftover).append(L" of ").append(path));
         }
         PrintLine(path +
                   L" refused to start: its answer to kInitAppMsg was kRetError. It was unloaded.");

@@ -7,10 +7,10 @@ namespace drafthost {
 namespace {
 
 std::wstring TrimmedFolder(const std::wstring& item) {
-    const std::size_t first = item.find_first_not_of(L" ");
+    const std::size_t first = item.find_first_not_of(L' ');
     if (first == std::wstring::npos) return {};
     std::wstring folder =
-        WithBackslashes(item.substr(first, item.find_last_not_of(L" ") + 1 - first));
+        WithBackslashes(item.substr(first, item.find_last_not_of(L' ') + 1 - first));
     // A drive's root keeps its backslash: "C:" alone would be the drive's working folder.
     while (folder.size() > 1 && folder.back() == L'\\' && folder[folder.size() - 2] != L':') {
         folder.pop_back();
@@ -47,8 +47,10 @@ std::vector<std::wstring> SearchCandidates(const std::wstring& path,
     std::vector<std::wstring> candidates = {path};
     if (IsRooted(path)) return candidates;
     if (!firstFolder.empty()) candidates.push_back(firstFolder + path);
-    for (const std::wstring& folder : SplitSearchPath(list)) {
-        candidates.push_back(folder.back() == L'\\' ? folder + path : folder + L"\\" + path);
+    std::vector<std::wstring> folders = SplitSearchPath(list);
+    for (std::wstring& folder : folders) {
+        if (folder.back() != L'\\') folder += L'\\';
+        candidates.push_back(folder.append(path));
     }
     return candidates;
 }
