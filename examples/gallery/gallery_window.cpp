@@ -141,11 +141,13 @@ void GalleryWindow::FillTip() {
     m_tip->m_fadeEnabled = m_fade;
     for (Exhibit& exhibit : m_exhibits) {
         auto content = std::make_unique<TipDataPlus>(exhibit.tipText, exhibit.imageId);
-        if (m_tip->AddTip(&exhibit.control, content.get())) content.release();
+        if (m_tip->AddTip(&exhibit.control, content.get())) {
+            static_cast<void>(content.release());  // The tip owns it from here on.
+        }
     }
     auto content =
         std::make_unique<TipDataPlus>(L"This one belongs to a painted rectangle", IDB_SIGN);
-    if (m_tip->AddTip(paintedRect, content.get())) content.release();
+    if (m_tip->AddTip(paintedRect, content.get())) static_cast<void>(content.release());
 }
 
 bool GalleryWindow::OnKey(WPARAM key) {

@@ -16,11 +16,11 @@ int Distance(const std::uint8_t* pixel, std::uint32_t color) {
 }  // namespace
 
 void KeyOutColor(const PixelRows& pixels, std::uint32_t color) {
-    constexpr unsigned bytesOfPixel = 4;
+    constexpr std::size_t bytesOfPixel = 4;
     for (unsigned y = 0; y < pixels.height; ++y) {
         std::uint8_t* const row = pixels.firstRow + static_cast<std::ptrdiff_t>(y) * pixels.stride;
         for (unsigned x = 0; x < pixels.width; ++x) {
-            std::uint8_t* const pixel = row + x * bytesOfPixel;
+            std::uint8_t* const pixel = row + bytesOfPixel * x;
             if (Distance(pixel, color) <= keyDistance) pixel[3] = 0;
         }
     }
