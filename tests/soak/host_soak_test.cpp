@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <windows.h>
+
 #include <cstdio>
 #include <stdexcept>
 
@@ -22,6 +24,11 @@ class HostSession : public testing::Environment {
     void SetUp() override {
         // The module logs there, some lines a round; the C runtime is shared with it.
         ASSERT_NE(std::freopen("NUL", "w", stderr), nullptr);
+        // A host has these loaded anyway; the rounds are not to load them again each time.
+        for (const wchar_t* library :
+             {L"gdiplus.dll", L"winhttp.dll", L"msimg32.dll", L"dbghelp.dll", L"comctl32.dll"}) {
+            ASSERT_NE(LoadLibraryW(library), nullptr);
+        }
         drafthost::SetTextOutput(&m_output);
         drafthost::HostOptions options;
         options.profile = L"soak";

@@ -57,13 +57,17 @@ ResourceCounts GrowthOfARound(const std::function<void()>& round) {
 
 void ExpectNoGrowth(int rounds, const std::function<void()>& round,
                     const ResourceCounts& expectedPerRound) {
-    for (int i = 0; i < warmUpRounds; ++i)
-        round();
-    CountResources();  // Result ignored: the first count allocates what counting needs.
-    const ResourceCounts before = CountResources();
+    ResourceCounts before;
+    ResourceCounts after = CountAfterWarmUp(round);
+    // The table of USER objects serves all processes, and another one may make or drop one in
+    // between; what the rounds add is there each time.
+    for (int attempt = 0; attempt < 3; ++attempt) {
+        before = after;
+        for (int i = 0; i < rounds; ++i)
+            round();
+        after = CountResources();
+        if (after == Grown(before, expectedPerRound, rounds)) break;
+    }
 
-    for (int i = 0; i < rounds; ++i)
-        round();
-
-    EXPECT_EQ(CountResources(), Grown(before, expectedPerRound, rounds)) << rounds << " rounds";
+    EXPECT_EQ(after, Grown(before, expectedPerRound, rounds)) << rounds << " rounds";
 }
