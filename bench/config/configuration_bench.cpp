@@ -20,7 +20,7 @@ std::wstring Folder() {
 
 /// A file of about `bytes` bytes: settings in groups of ten.
 std::wstring MakeFile(size_t bytes) {
-    const std::wstring path = Folder() + L"bench-" + std::to_wstring(bytes) + L".xml";
+    std::wstring path = Folder() + L"bench-" + std::to_wstring(bytes) + L".xml";
     std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<Config>\n";
     for (int group = 0; text.size() < bytes; ++group) {
         text += "  <Group" + std::to_string(group) + ">\n";
