@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 using testing::HasSubstr;
-using testing::Not;
 
 TEST(RunCommand, GoesByEveryNameInAnyCase) {
     struct Row {
