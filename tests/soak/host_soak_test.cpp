@@ -22,8 +22,10 @@ class SilentOutput : public drafthost::TextOutput {
 /// One session for the program: the host's services begin and end once in a process.
 class HostSession : public testing::Environment {
     void SetUp() override {
-        // The module logs there, some lines a round; the C runtime is shared with it.
+        // The module logs there, some lines a round; the C runtime is shared with it. Without a
+        // buffer each character would be a call of the system.
         ASSERT_NE(std::freopen("NUL", "w", stderr), nullptr);
+        ASSERT_EQ(std::setvbuf(stderr, nullptr, _IOFBF, 4096), 0);
         // A host has these loaded anyway; the rounds are not to load them again each time.
         for (const wchar_t* library :
              {L"gdiplus.dll", L"winhttp.dll", L"msimg32.dll", L"dbghelp.dll", L"comctl32.dll"}) {

@@ -118,7 +118,7 @@ class BufferReader {
             case RTT:
                 return LispValue::True();
             case RTVOID:
-                return m_interpreter.Symbol(L"");
+                return m_interpreter.Symbol({});
             case RTSHORT:
                 return LispValue::Integer(buffer->resval.rint);
             case RTLONG:

@@ -24,10 +24,10 @@ std::optional<std::wstring> FindSupportFile(const std::wstring& name,
     if (name.empty()) return {};
     const Services* services = HostServices();
     const Document* document = services == nullptr ? nullptr : services->documents.Current();
-    const std::wstring drawingFolder = document == nullptr ? L"" : document->Folder();
+    const std::wstring drawingFolder = document == nullptr ? std::wstring() : document->Folder();
     const std::wstring path = WithBackslashes(name);
     for (const std::wstring& candidate :
-         SearchCandidates(path, drawingFolder, GetSetting(L"ACAD").value_or(L""))) {
+         SearchCandidates(path, drawingFolder, GetSetting(L"ACAD").value_or(std::wstring()))) {
         if (IsFile(candidate)) return FullPath(candidate);
     }
     return extension.empty() ? std::nullopt : FindSupportFile(name + extension);

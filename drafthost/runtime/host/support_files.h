@@ -10,6 +10,6 @@ namespace drafthost {
 /// current drawing's folder and then along the setting ACAD. With `extension`, such as L".lsp", a
 /// name that isn't there is tried again with it. Empty: not there. Folders don't count.
 std::optional<std::wstring> FindSupportFile(const std::wstring& name,
-                                            const std::wstring& extension = L"");
+                                            const std::wstring& extension = {});
 
 }  // namespace drafthost

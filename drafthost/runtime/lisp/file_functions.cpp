@@ -46,7 +46,7 @@ std::optional<std::string> ReadLineOf(std::FILE* stream) {
 
 LispValue ReadLine(LispEvaluator& evaluator, const Arguments& arguments) {
     if (arguments.empty() || arguments[0].IsNil()) {
-        const auto line = evaluator.Host().ReadLine(L"");
+        const auto line = evaluator.Host().ReadLine({});
         return line ? LispValue::String(*line) : LispValue();
     }
     const auto line = ReadLineOf(StreamArgument(arguments[0], true));

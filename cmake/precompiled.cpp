@@ -1,0 +1,1 @@
+// Empty: the target needs a source to compile its headers with.
