@@ -55,7 +55,10 @@ void OurLoad(benchmark::State& state) {
     const std::wstring& path = File<Bytes>();
     for (auto _ : state) {
         Configuration configuration;
-        if (!configuration.Load(path)) state.SkipWithError("not loaded");
+        if (!configuration.Load(path)) {
+            state.SkipWithError("not loaded");
+            break;
+        }
     }
 }
 
@@ -65,8 +68,12 @@ void BareLoad(benchmark::State& state) {
     for (auto _ : state) {
         tinyxml2::XMLDocument document(true, tinyxml2::PRESERVE_WHITESPACE);
         FILE* file = Open(path, "rb");
-        if (document.LoadFile(file) != tinyxml2::XML_SUCCESS) state.SkipWithError("not loaded");
+        const bool loaded = document.LoadFile(file) == tinyxml2::XML_SUCCESS;
         std::fclose(file);
+        if (!loaded) {
+            state.SkipWithError("not loaded");
+            break;
+        }
     }
 }
 
@@ -76,7 +83,10 @@ void OurSave(benchmark::State& state) {
     Configuration configuration;
     configuration.Load(File<Bytes>());
     for (auto _ : state) {
-        if (!configuration.Save(copy)) state.SkipWithError("not saved");
+        if (!configuration.Save(copy)) {
+            state.SkipWithError("not saved");
+            break;
+        }
     }
 }
 
@@ -89,10 +99,12 @@ void BareSave(benchmark::State& state) {
     std::fclose(source);
     for (auto _ : state) {
         FILE* file = Open(copy, "w");
-        if (document.SaveFile(file, false) != tinyxml2::XML_SUCCESS) {
-            state.SkipWithError("not saved");
-        }
+        const bool saved = document.SaveFile(file, false) == tinyxml2::XML_SUCCESS;
         std::fclose(file);
+        if (!saved) {
+            state.SkipWithError("not saved");
+            break;
+        }
     }
 }
 

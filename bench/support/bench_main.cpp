@@ -1,0 +1,88 @@
+// The benchmarks' main: runs every pair, or those asked for, and reports them in a table and as
+// JSON.
+
+#include "support/pair_runner.h"
+#include "support/result_report.h"
+
+#include <windows.h>
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+namespace {
+
+struct Options {
+    RoundLimits limits;
+    std::string json;
+    std::string only;
+    std::vector<std::string> rest;  ///< the program's name and what is for the benchmark library
+};
+
+Options ReadOptions(int argc, wchar_t** argv) {
+    Options options;
+    for (int i = 0; i < argc; ++i) {
+        char argument[1024] = {};
+        WideCharToMultiByte(CP_ACP, 0, argv[i], -1, argument, sizeof argument - 1, nullptr,
+                            nullptr);
+        if (std::strncmp(argument, "--rounds=", 9) == 0) {
+            options.limits.fewestRounds = std::atoi(argument + 9);
+        } else if (std::strncmp(argument, "--json=", 7) == 0) {
+            options.json = argument + 7;
+        } else if (std::strncmp(argument, "--only=", 7) == 0) {
+            options.only = argument + 7;
+        } else {
+            options.rest.emplace_back(argument);
+        }
+    }
+    return options;
+}
+
+/// False when an argument is left that nobody knows.
+bool InitializeLibrary(std::vector<std::string>& arguments) {
+    arguments.insert(arguments.begin() + 1, "--benchmark_min_time=0.03");
+    std::vector<char*> pointers;
+    pointers.reserve(arguments.size());
+    for (std::string& argument : arguments)
+        pointers.push_back(argument.data());
+    int count = static_cast<int>(pointers.size());
+    benchmark::Initialize(&count, pointers.data());
+    return !benchmark::ReportUnrecognizedArguments(count, pointers.data());
+}
+
+double SecondsSince(std::chrono::steady_clock::time_point start) {
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+}  // namespace
+
+/// Arguments: `--rounds=N` for at least so many rounds (9), `--json=FILE`, `--only=TEXT` for the
+/// pairs whose name holds it, and the benchmark library's own. Exit code 1 when a side failed, no
+/// pair was asked for or the file can't be written; a missed aim is only marked.
+int wmain(int argc, wchar_t** argv) {
+    Options options = ReadOptions(argc, argv);
+    if (!InitializeLibrary(options.rest)) return 2;
+
+    std::vector<PairResult> results;
+    bool failed = false;
+    const auto start = std::chrono::steady_clock::now();
+    for (const PairedBenchmark& pair : PairedBenchmarks()) {
+        if (std::strstr(pair.name, options.only.c_str()) == nullptr) continue;
+        const auto pairStart = std::chrono::steady_clock::now();
+        std::printf("%6.1f s  %s ...", SecondsSince(start), pair.name);
+        std::fflush(stdout);
+        results.push_back(RunPair(pair, options.limits));
+        std::printf(" %zu rounds in %.1f s\n", results.back().ours.nanoseconds.size(),
+                    SecondsSince(pairStart));
+        failed = failed || !results.back().failure.empty();
+    }
+    PrintTable(results);
+    std::printf("\n%zu paths in %.1f s\n", results.size(), SecondsSince(start));
+    if (!options.json.empty() && !WriteJson(results, options.json.c_str())) {
+        std::fprintf(stderr, "%s can't be written\n", options.json.c_str());
+        failed = true;
+    }
+    return failed || results.empty() ? 1 : 0;
+}

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "support/pair_runner.h"
+
+/// A line for each pair, and one for each of its extra figures; "MISSED" behind what is above its
+/// aim.
+void PrintTable(const std::vector<PairResult>& results);
+
+/// Everything measured, as an array of objects. False when the file can't be written.
+bool WriteJson(const std::vector<PairResult>& results, const char* path);
