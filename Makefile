@@ -1,27 +1,34 @@
 # The front door. Every target sets up what it needs by itself.
 .DEFAULT_GOAL := help
-.PHONY: help setup programs build run shell gallery test format format-check lint bench clean
+.PHONY: help setup setup-tests programs build run shell gallery test test-heap format format-check lint bench clean
 
 help: ## This list
 	@awk -F ':.*## ' '/^[a-z-]+:.*## / { printf "  make %-13s %s\n", $$1, $$2 }' $(MAKEFILE_LIST)
 
-setup: ## Packages, cross-built libraries and the Wine prefix
-	@tools/setup-packages
+setup: ## Packages, cross-built libraries and the Wine prefix: what `make run` needs
+	@tools/setup-packages run
 	@tools/setup-dependencies
 	@tools/setup-prefix
+
+setup-tests: setup ## What the tests need beside that
+	@tools/setup-packages test
+	@tools/setup-web-server
 
 # Only what `make run` needs.
 programs: setup
 	@tools/build drafthost KVTCAD
 
-build: setup ## Cross-build the module, the stand-in host and the tests
+build: setup-tests ## Cross-build the module, the stand-in host, the tests and the examples
 	@tools/build
 
 test: build ## Run every test
 	@tools/wine-session ctest --preset drafthost
 
+test-heap: build ## Every test program with each heap call validated; `make test` has the quick ones
+	@tools/wine-session ctest --preset heap
+
 run: programs ## Start drafthost with the module and the demo installation; DAMAGED=1 breaks its config.xml first
-	@tools/run-demo $(if $(DAMAGED),--damaged-config)
+	@tools/run-demo $(if $(filter-out 0,$(DAMAGED)),--damaged-config)
 
 shell: programs ## The same, and stay at the prompt
 	@tools/run-demo --shell
@@ -31,18 +38,19 @@ gallery: setup ## Try the tool tips in a window; without a display: take picture
 	@tools/run-gallery
 
 format: ## Lay out the sources by .clang-format
-	@tools/setup-packages
+	@tools/setup-packages checks
 	@tools/format
 
 format-check: ## Say which sources are not laid out by .clang-format
-	@tools/setup-packages
+	@tools/setup-packages checks
 	@tools/format --check
 
 lint: setup ## clang-tidy over every source
+	@tools/setup-packages checks
 	@tools/setup-dependencies bench
 	@tools/lint
 
-bench: setup ## Time our code beside the bare calls; the table goes to build/bench
+bench: setup-tests ## Time our code beside the bare calls; the table goes to build/bench
 	@tools/setup-dependencies bench
 	@tools/run-bench
 

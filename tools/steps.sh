@@ -23,6 +23,8 @@ step() {
     printf '== %s\n' "$title"
     "$@" >"$log" 2>&1 </dev/null &
     pid=$!
+    # A command in the background doesn't see Ctrl+C by itself.
+    trap 'kill "$pid" 2>/dev/null; exit 130' INT TERM
     while kill -0 "$pid" 2>/dev/null; do
         sleep 0.2
         waited=$((waited + 1))
@@ -33,6 +35,7 @@ step() {
         fi
     done
     wait "$pid" || status=$?
+    trap - INT TERM
     [ -t 1 ] && printf '\r\033[K'
     if [ "$status" -ne 0 ]; then
         printf '** failed: %s (exit code %d). End of %s:\n' "$title" "$status" "${log#"$ROOT"/}" >&2
