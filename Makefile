@@ -24,10 +24,10 @@ build: setup-tests ## Cross-build the module, the stand-in host, the tests and t
 test: build ## Run every test
 	@tools/wine-session ctest --preset drafthost
 
-test-heap: build ## Every test program with each heap call validated; `make test` has the quick ones
+test-heap: build ## Every test with the heap validated; `make test` has the quick ones
 	@tools/wine-session ctest --preset heap
 
-run: programs ## Start drafthost with the module and the demo installation; DAMAGED=1 breaks its config.xml first
+run: programs ## Start drafthost with module and demo; DAMAGED=1 breaks the config.xml first
 	@tools/run-demo $(if $(filter-out 0,$(DAMAGED)),--damaged-config)
 
 shell: programs ## The same, and stay at the prompt
