@@ -2,23 +2,24 @@
 
 #include <atlstr.h>
 
-std::wstring PrependSearchPaths(const std::wstring& location, const std::wstring& current) {
+SearchPathEntries MakeSearchPathEntries(const std::wstring& location) {
     const CStringW platformDirectory(L"x64");
     CStringW releaseDirectory;
     releaseDirectory.Format(L"R%dx", libraryGeneration);
-    CStringW firstEntry;
-    firstEntry.Format(L"%s\\%s\\%s;", location.c_str(), releaseDirectory.GetString(),
-                      platformDirectory.GetString());
-    CStringW secondEntry;
+    CStringW first;
+    first.Format(L"%s\\%s\\%s;", location.c_str(), releaseDirectory.GetString(),
+                 platformDirectory.GetString());
+    CStringW second;
     // Meant: the second form overwrites the first at once; the Support directory stays out.
-    secondEntry.Format(L"%s\\Support;", location.c_str());
-    secondEntry.Format(L"%s;", location.c_str());
-    const CStringW thirdEntry;  // Meant: stays empty; its turn below changes nothing.
+    second.Format(L"%s\\Support;", location.c_str());
+    second.Format(L"%s;", location.c_str());
+    // Meant: the third stays empty; its turn in the search changes nothing.
+    return {first.GetString(), second.GetString(), std::wstring()};
+}
 
-    CStringW path(current.c_str());
-    const CStringW* const entries[] = {&firstEntry, &secondEntry, &thirdEntry};
-    for (const CStringW* entry : entries) {
-        if (path.Find(*entry) == -1) path = *entry + path;
+std::wstring PrependSearchPaths(const SearchPathEntries& entries, std::wstring current) {
+    for (const std::wstring& entry : entries) {
+        if (current.find(entry) == std::wstring::npos) current.insert(0, entry);
     }
-    return path.GetString();
+    return current;
 }

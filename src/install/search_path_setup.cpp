@@ -6,9 +6,10 @@
 #include <aced.h>
 
 void AddSearchPaths() {
+    const SearchPathEntries entries = MakeSearchPathEntries(InstallLocation);
     wchar_t buffer[2048] = {};
     // Result ignored: a setting that isn't there leaves the buffer, and so the path, empty.
     acedGetEnv(L"ACAD", buffer);
-    const std::wstring path = PrependSearchPaths(InstallLocation, buffer);
+    const std::wstring path = PrependSearchPaths(entries, buffer);
     acedSetEnv(L"ACAD", path.c_str());  // Result ignored: there is nobody to tell.
 }

@@ -15,11 +15,13 @@ namespace {
 
 std::wstring g_setting;
 bool g_bufferZeroed = false;
+const wchar_t* g_locationFromTheRead = nullptr;
 
 int GetSetting(const wchar_t* name, wchar_t* value) {
     CallJournal::Add(L"get " + std::wstring(name));
     g_bufferZeroed = std::all_of(value, value + 2048, [](wchar_t c) { return c == L'\0'; });
     g_setting.copy(value, g_setting.size());
+    if (g_locationFromTheRead != nullptr) InstallLocation = g_locationFromTheRead;
     return RTERROR;  // Not looked at: what is in the buffer counts.
 }
 
@@ -34,7 +36,10 @@ class AddSearchPathsTest : public testing::Test {
         CallJournal::Clear();
         InstallLocation = L"C:\\app";
     }
-    ~AddSearchPathsTest() override { InstallLocation.clear(); }
+    ~AddSearchPathsTest() override {
+        InstallLocation.clear();
+        g_locationFromTheRead = nullptr;
+    }
 
     std::vector<std::wstring> Run(const std::wstring& setting) {
         g_setting = setting;
@@ -77,6 +82,13 @@ TEST_F(AddSearchPathsTest, TheLongestSettingThatFitsIsKeptWhole) {
 
     EXPECT_EQ(Run(longest),
               (Calls{L"get ACAD", L"set ACAD = C:\\app;C:\\app\\R17x\\x64;" + longest}));
+}
+
+TEST_F(AddSearchPathsTest, TheEntriesAreMadeAheadOfTheRead) {
+    g_locationFromTheRead = L"D:\\too late";
+
+    EXPECT_EQ(Run(L"").back(), L"set ACAD = C:\\app;C:\\app\\R17x\\x64;");
+    EXPECT_EQ(InstallLocation, L"D:\\too late");
 }
 
 TEST_F(AddSearchPathsTest, LogsNothing) {

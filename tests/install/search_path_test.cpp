@@ -41,23 +41,27 @@ constexpr Row rows[] = {
      L"\\R17x\\x64;"},
 };
 
+std::wstring Prepend(const std::wstring& location, const std::wstring& current) {
+    return PrependSearchPaths(MakeSearchPathEntries(location), current);
+}
+
 }  // namespace
 
 TEST(PrependSearchPaths, PutsMissingEntriesAtTheHead) {
     for (const Row& row : rows) {
-        EXPECT_EQ(PrependSearchPaths(row.location, row.current), row.result) << row.why;
+        EXPECT_EQ(Prepend(row.location, row.current), row.result) << row.why;
     }
 }
 
 TEST(PrependSearchPaths, ARepeatChangesNothing) {
     for (const Row& row : rows) {
-        EXPECT_EQ(PrependSearchPaths(row.location, row.result), row.result) << row.why;
+        EXPECT_EQ(Prepend(row.location, row.result), row.result) << row.why;
     }
 }
 
 TEST(PrependSearchPaths, MeantTheSupportDirectoryNeverGetsIn) {
     for (const Row& row : rows) {
-        const std::wstring path = PrependSearchPaths(row.location, row.current);
+        const std::wstring path = Prepend(row.location, row.current);
         EXPECT_EQ(path.find(L"Support"), std::wstring::npos) << row.why;
     }
 }
@@ -65,5 +69,10 @@ TEST(PrependSearchPaths, MeantTheSupportDirectoryNeverGetsIn) {
 TEST(PrependSearchPaths, ALocationBeyondAnyBufferIsTakenWhole) {
     const std::wstring location = L"C:\\" + std::wstring(5000, L'长');
 
-    EXPECT_EQ(PrependSearchPaths(location, L""), location + L";" + location + L"\\R17x\\x64;");
+    EXPECT_EQ(Prepend(location, L""), location + L";" + location + L"\\R17x\\x64;");
+}
+
+TEST(MakeSearchPathEntries, GivesTheReleaseDirectoryThenTheLocationThenNothing) {
+    EXPECT_EQ(MakeSearchPathEntries(L"C:\\app"),
+              (SearchPathEntries{L"C:\\app\\R17x\\x64;", L"C:\\app;", L""}));
 }
