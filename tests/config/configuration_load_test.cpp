@@ -2,6 +2,7 @@
 
 #include "config/configuration.h"
 
+#include "config/configuration_fixture.h"
 #include "config/document_text.h"
 #include "config/file_lock.h"
 #include "support/import_hook.h"
@@ -41,6 +42,8 @@ int FileCount(const TempFolder& folder) {
     return static_cast<int>(std::distance(begin(files), end(files)));
 }
 
+class ConfigurationLoad : public ConfigurationTest {};
+
 }  // namespace
 
 TEST(Configuration, StartsEmptyAndUnmodified) {
@@ -77,21 +80,18 @@ TEST(Configuration, DropsAnUnsavedChangeWhenItGoes) {
     EXPECT_EQ(ReadFileBytes(path), "<Config/>");
 }
 
-TEST(ConfigurationLoad, ReadsAFileAndKeepsItsName) {
-    const TempFolder folder(L"KVT 设计 软件");
-    const std::wstring path = folder / L"config.xml";
+TEST_F(ConfigurationLoad, ReadsAFileAndKeepsItsName) {
     const std::string bytes = "<?xml version=\"1.0\"?><Config><EnableLog/></Config>";
-    WriteFileBytes(path, bytes);
-    Configuration configuration;
-    configuration.modified = true;
+    WriteFileBytes(m_path, bytes);
+    m_configuration.modified = true;
 
-    EXPECT_TRUE(configuration.Load(path));
+    EXPECT_TRUE(m_configuration.Load(m_path));
 
-    EXPECT_EQ(configuration.fileName, path);
-    EXPECT_FALSE(configuration.modified);
-    EXPECT_EQ(configuration.IndexOf("Config.EnableLog"), 0);
-    EXPECT_EQ(ReadFileBytes(path), bytes);
-    EXPECT_TRUE(IsClosed(path));
+    EXPECT_EQ(m_configuration.fileName, m_path);
+    EXPECT_FALSE(m_configuration.modified);
+    EXPECT_EQ(m_configuration.IndexOf("Config.EnableLog"), 0);
+    EXPECT_EQ(FileBytes(), bytes);
+    EXPECT_TRUE(IsClosed(m_path));
 }
 
 namespace {
@@ -112,25 +112,23 @@ errno_t LooksAtTheStore(FILE** file, const char* path, const char* mode) {
 
 }  // namespace
 
-TEST(ConfigurationLoad, ClearsEverythingAheadOfTheOpening) {
-    Configuration configuration;
-    configuration.document.Parse("<Old/>");
-    configuration.modified = true;
-    configuration.fileName = L"old";
-    g_loading = &configuration;
+TEST_F(ConfigurationLoad, ClearsEverythingAheadOfTheOpening) {
+    m_configuration.document.Parse("<Old/>");
+    m_configuration.modified = true;
+    m_configuration.fileName = L"old";
+    g_loading = &m_configuration;
     const FopenS hook("msvcrt.dll", "fopen_s", &LooksAtTheStore);
 
-    configuration.Load(L"no such folder\\config.xml");
+    m_configuration.Load(L"no such folder\\config.xml");
 
     EXPECT_TRUE(g_clearedAtOpen);
 }
 
-TEST(ConfigurationLoad, OpensThePathInTheAnsiCodePage) {
-    Configuration configuration;
-    g_loading = &configuration;
+TEST_F(ConfigurationLoad, OpensThePathInTheAnsiCodePage) {
+    g_loading = &m_configuration;
     const FopenS hook("msvcrt.dll", "fopen_s", &LooksAtTheStore);
 
-    configuration.Load(L"没有 的\\config.xml");
+    m_configuration.Load(L"没有 的\\config.xml");
 
     EXPECT_EQ(g_openedPath, "没有 的\\config.xml");
 }
@@ -149,20 +147,17 @@ int WINAPI RecordsCodePages(UINT codePage, DWORD flags, const wchar_t* wide, int
 
 }  // namespace
 
-TEST(ConfigurationLoad, NamesNoCodePage) {
-    const TempFolder folder;
-    const std::wstring path = folder / L"config.xml";
-    Configuration configuration;
+TEST_F(ConfigurationLoad, NamesNoCodePage) {
     const ImportHook<decltype(&WideCharToMultiByte)> hook("KERNEL32.dll", "WideCharToMultiByte",
                                                           &RecordsCodePages);
     g_narrow = hook.Original();
 
-    ASSERT_TRUE(configuration.Load(path));
+    ASSERT_TRUE(m_configuration.Load(m_path));
 
     EXPECT_EQ(g_codePages, std::set<UINT>{CP_ACP});
 }
 
-TEST(ConfigurationLoad, WritesTheDefaultDocumentOverWhatCantBeRead) {
+TEST_F(ConfigurationLoad, WritesTheDefaultDocumentOverWhatCantBeRead) {
     struct Row {
         const char* why;
         const char* bytes;  // Null: no file.
@@ -178,34 +173,31 @@ TEST(ConfigurationLoad, WritesTheDefaultDocumentOverWhatCantBeRead) {
         {"a second root left open", "<Config/><Config>"},
     };
     for (const Row& row : rows) {
-        const TempFolder folder(L"配置 config");
-        const std::wstring path = folder / L"config.xml";
-        if (row.bytes != nullptr) WriteFileBytes(path, row.bytes);
+        std::filesystem::remove(m_path);
+        if (row.bytes != nullptr) WriteFileBytes(m_path, row.bytes);
         Configuration configuration;
 
-        EXPECT_TRUE(configuration.Load(path)) << row.why;
+        EXPECT_TRUE(configuration.Load(m_path)) << row.why;
 
         EXPECT_EQ(configuration.fileName, L"") << row.why;
         EXPECT_FALSE(configuration.modified) << row.why;
         EXPECT_EQ(configuration.document.ErrorID(), XML_SUCCESS) << row.why;
         EXPECT_EQ(CompactText(configuration), defaultText) << row.why;
         EXPECT_EQ(configuration.IndexOf("Config.EnableLog"), -1) << row.why;
-        EXPECT_EQ(ReadFileBytes(path), defaultFile) << row.why;
-        EXPECT_EQ(FileCount(folder), 1) << row.why << ": no copy of the bad file";
-        EXPECT_TRUE(IsClosed(path)) << row.why;
+        EXPECT_EQ(FileBytes(), defaultFile) << row.why;
+        EXPECT_EQ(FileCount(m_folder), 1) << row.why << ": no copy of the bad file";
+        EXPECT_TRUE(IsClosed(m_path)) << row.why;
     }
 }
 
-TEST(ConfigurationLoad, ReadsBackWhatTheFallbackWrote) {
-    const TempFolder folder;
-    const std::wstring path = folder / L"config.xml";
+TEST_F(ConfigurationLoad, ReadsBackWhatTheFallbackWrote) {
     Configuration first;
-    ASSERT_TRUE(first.Load(path));
+    ASSERT_TRUE(first.Load(m_path));
     Configuration second;
 
-    EXPECT_TRUE(second.Load(path));
+    EXPECT_TRUE(second.Load(m_path));
 
-    EXPECT_EQ(second.fileName, path);
+    EXPECT_EQ(second.fileName, m_path);
     EXPECT_EQ(CompactText(second), defaultText);
     EXPECT_EQ(second.IndexOf("Config"), 0);
     EXPECT_EQ(second.IndexOf("Config.EnableLog"), -1);
@@ -236,43 +228,37 @@ size_t CutsTheDefaultDocument(const char* text) {
 
 }  // namespace
 
-TEST(ConfigurationLoad, OverwritesAFileThatCanBeWrittenButNotRead) {
-    const TempFolder folder;
-    const std::wstring path = folder / L"config.xml";
-    WriteFileBytes(path, "<Config><EnableLog/></Config>");
-    Configuration configuration;
+TEST_F(ConfigurationLoad, OverwritesAFileThatCanBeWrittenButNotRead) {
+    WriteFileBytes(m_path, "<Config><EnableLog/></Config>");
     const FopenS secure("msvcrt.dll", "fopen_s", &OpensSecurelyForWritingOnly);
     const Fopen plain("msvcrt.dll", "fopen", &OpensForWritingOnly);
     g_fopenS = secure.Original();
     g_fopen = plain.Original();
 
-    EXPECT_TRUE(configuration.Load(path));
+    EXPECT_TRUE(m_configuration.Load(m_path));
 
-    EXPECT_EQ(configuration.fileName, L"");
-    EXPECT_EQ(ReadFileBytes(path), defaultFile);
+    EXPECT_EQ(m_configuration.fileName, L"");
+    EXPECT_EQ(FileBytes(), defaultFile);
 }
 
-TEST(ConfigurationLoad, FailsWhenTheDefaultDocumentDoesntParse) {
-    const TempFolder folder;
-    const std::wstring path = folder / L"config.xml";
-    Configuration configuration;
+TEST_F(ConfigurationLoad, FailsWhenTheDefaultDocumentDoesntParse) {
     bool loaded = true;
     {
         const Strlen hook("msvcrt.dll", "strlen", &CutsTheDefaultDocument);
         g_strlen = hook.Original();
-        loaded = configuration.Load(path);
+        loaded = m_configuration.Load(m_path);
     }
 
     EXPECT_FALSE(loaded);
     EXPECT_EQ(g_parsedText, declaration + std::string(6, '\t') + "<Config>" +
                                 std::string(16, '\t') + "</Config>");
-    EXPECT_EQ(configuration.fileName, L"");
-    EXPECT_FALSE(configuration.modified);
-    EXPECT_NE(configuration.document.ErrorID(), XML_SUCCESS);
-    EXPECT_FALSE(std::filesystem::exists(path));
+    EXPECT_EQ(m_configuration.fileName, L"");
+    EXPECT_FALSE(m_configuration.modified);
+    EXPECT_NE(m_configuration.document.ErrorID(), XML_SUCCESS);
+    EXPECT_FALSE(std::filesystem::exists(m_path));
 }
 
-TEST(ConfigurationLoad, FailsWhenTheDefaultDocumentCantBeWritten) {
+TEST_F(ConfigurationLoad, FailsWhenTheDefaultDocumentCantBeWritten) {
     struct Row {
         const char* why;
         const wchar_t* name;
@@ -282,10 +268,9 @@ TEST(ConfigurationLoad, FailsWhenTheDefaultDocumentCantBeWritten) {
         {"a folder of that name", L"folder"},
         {"a character that the code page doesn't have", L"\x0627.xml"},
     };
+    std::filesystem::create_directory(m_folder / L"folder");
     for (const Row& row : rows) {
-        const TempFolder folder;
-        std::filesystem::create_directory(folder / L"folder");
-        const std::wstring path = folder / row.name;
+        const std::wstring path = m_folder / row.name;
         Configuration configuration;
         configuration.modified = true;
 
@@ -295,91 +280,73 @@ TEST(ConfigurationLoad, FailsWhenTheDefaultDocumentCantBeWritten) {
         EXPECT_FALSE(configuration.modified) << row.why;
         EXPECT_EQ(configuration.document.ErrorID(), XML_ERROR_FILE_COULD_NOT_BE_OPENED) << row.why;
         EXPECT_EQ(CompactText(configuration), defaultText) << row.why;
-        EXPECT_EQ(FileCount(folder), 1) << row.why;
+        EXPECT_EQ(FileCount(m_folder), 1) << row.why;
     }
 }
 
-TEST(ConfigurationLoad, LeavesALockedMalformedFileAsItIs) {
-    const TempFolder folder;
-    const std::wstring path = folder / L"config.xml";
-    WriteFileBytes(path, "<Config>");
-    Configuration configuration;
+TEST_F(ConfigurationLoad, LeavesALockedMalformedFileAsItIs) {
+    WriteFileBytes(m_path, "<Config>");
     {
-        const FileLock lock(path, FILE_SHARE_READ);
-        EXPECT_FALSE(configuration.Load(path));
+        const FileLock lock(m_path, FILE_SHARE_READ);
+        EXPECT_FALSE(m_configuration.Load(m_path));
     }
 
-    EXPECT_EQ(configuration.fileName, path);
-    EXPECT_EQ(static_cast<int>(configuration.document.ErrorID()), 4);
-    EXPECT_EQ(CompactText(configuration), defaultText);
-    EXPECT_EQ(ReadFileBytes(path), "<Config>");
+    EXPECT_EQ(m_configuration.fileName, m_path);
+    EXPECT_EQ(static_cast<int>(m_configuration.document.ErrorID()), 4);
+    EXPECT_EQ(CompactText(m_configuration), defaultText);
+    EXPECT_EQ(FileBytes(), "<Config>");
 }
 
-TEST(ConfigurationLoad, LeavesADefaultDocumentThatAnswersAfterAFailure) {
-    const TempFolder folder;
-    Configuration configuration;
-    ASSERT_FALSE(configuration.Load(folder / L"没有\\config.xml"));
+TEST_F(ConfigurationLoad, LeavesADefaultDocumentThatAnswersAfterAFailure) {
+    ASSERT_FALSE(m_configuration.Load(m_folder / L"没有\\config.xml"));
 
-    EXPECT_EQ(configuration.IndexOf("Config"), 0);
-    EXPECT_EQ(configuration.GetString("Config.A", "none"), "none");
-    configuration.SetString("Config.A", "1");
-    EXPECT_EQ(configuration.GetString("Config.A", "none"), "1");
-    EXPECT_TRUE(configuration.modified);
+    EXPECT_EQ(m_configuration.IndexOf("Config"), 0);
+    EXPECT_EQ(m_configuration.GetString("Config.A", "none"), "none");
+    m_configuration.SetString("Config.A", "1");
+    EXPECT_EQ(m_configuration.GetString("Config.A", "none"), "1");
+    EXPECT_TRUE(m_configuration.modified);
 }
 
-TEST(ConfigurationLoad, NeedsNoRightToWrite) {
-    const TempFolder folder;
-    const std::wstring path = folder / L"config.xml";
-    WriteFileBytes(path, "<Config><A>1</A></Config>");
-    Configuration configuration;
+TEST_F(ConfigurationLoad, NeedsNoRightToWrite) {
+    WriteFileBytes(m_path, "<Config><A>1</A></Config>");
     {
-        const FileLock lock(path, FILE_SHARE_READ);
-        EXPECT_TRUE(configuration.Load(path));
-        configuration.SetString("Config.A", "2");
-        EXPECT_FALSE(configuration.Save(path)) << "the trouble shows when something is saved";
+        const FileLock lock(m_path, FILE_SHARE_READ);
+        EXPECT_TRUE(m_configuration.Load(m_path));
+        m_configuration.SetString("Config.A", "2");
+        EXPECT_FALSE(m_configuration.Save(m_path)) << "the trouble shows when something is saved";
     }
 
-    EXPECT_EQ(configuration.GetString("Config.A", ""), "2");
-    EXPECT_EQ(ReadFileBytes(path), "<Config><A>1</A></Config>");
+    EXPECT_EQ(m_configuration.GetString("Config.A", ""), "2");
+    EXPECT_EQ(FileBytes(), "<Config><A>1</A></Config>");
 }
 
-TEST(ConfigurationLoad, LeavesNothingOfAnEarlierLoad) {
-    const TempFolder folder;
-    WriteFileBytes(folder / L"a.xml", "<Config><A>1</A></Config>");
-    WriteFileBytes(folder / L"b.xml", "<Config><B>2</B></Config>");
-    Configuration configuration;
-    ASSERT_TRUE(configuration.Load(folder / L"a.xml"));
-    configuration.SetString("Config.C", "3");
+TEST_F(ConfigurationLoad, LeavesNothingOfAnEarlierLoad) {
+    WriteAndLoad("<Config><A>1</A></Config>");
+    WriteFileBytes(m_folder / L"b.xml", "<Config><B>2</B></Config>");
+    m_configuration.SetString("Config.C", "3");
 
-    EXPECT_TRUE(configuration.Load(folder / L"b.xml"));
+    EXPECT_TRUE(m_configuration.Load(m_folder / L"b.xml"));
 
-    EXPECT_EQ(CompactText(configuration), "<Config><B>2</B></Config>");
-    EXPECT_EQ(configuration.fileName, folder / L"b.xml");
-    EXPECT_FALSE(configuration.modified);
+    EXPECT_EQ(CompactText(m_configuration), "<Config><B>2</B></Config>");
+    EXPECT_EQ(m_configuration.fileName, m_folder / L"b.xml");
+    EXPECT_FALSE(m_configuration.modified);
 }
 
-TEST(ConfigurationLoad, ForgetsTheNameOfAnEarlierLoadWhenItFallsBack) {
-    const TempFolder folder;
-    WriteFileBytes(folder / L"a.xml", "<Config><A>1</A></Config>");
-    Configuration configuration;
-    ASSERT_TRUE(configuration.Load(folder / L"a.xml"));
+TEST_F(ConfigurationLoad, ForgetsTheNameOfAnEarlierLoadWhenItFallsBack) {
+    WriteAndLoad("<Config><A>1</A></Config>");
 
-    EXPECT_TRUE(configuration.Load(folder / L"b.xml"));
+    EXPECT_TRUE(m_configuration.Load(m_folder / L"b.xml"));
 
-    EXPECT_EQ(configuration.fileName, L"");
-    EXPECT_EQ(CompactText(configuration), defaultText);
+    EXPECT_EQ(m_configuration.fileName, L"");
+    EXPECT_EQ(CompactText(m_configuration), defaultText);
 }
 
-TEST(ConfigurationLoad, TakesTheStoresOwnNameForItsPath) {
-    const TempFolder folder;
-    const std::wstring path = folder / L"config.xml";
-    WriteFileBytes(path, "<Config><A>1</A></Config>");
-    Configuration configuration;
-    ASSERT_TRUE(configuration.Load(path));
-    configuration.SetString("Config.A", "2");
+TEST_F(ConfigurationLoad, TakesTheStoresOwnNameForItsPath) {
+    WriteAndLoad("<Config><A>1</A></Config>");
+    m_configuration.SetString("Config.A", "2");
 
-    EXPECT_TRUE(configuration.Load(configuration.fileName));
+    EXPECT_TRUE(m_configuration.Load(m_configuration.fileName));
 
-    EXPECT_EQ(configuration.fileName, path);
-    EXPECT_EQ(configuration.GetString("Config.A", ""), "1");
+    EXPECT_EQ(m_configuration.fileName, m_path);
+    EXPECT_EQ(m_configuration.GetString("Config.A", ""), "1");
 }

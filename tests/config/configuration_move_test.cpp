@@ -14,10 +14,6 @@ namespace {
 
 constexpr char fourElements[] = "<Config><A/><B/><C/><D/></Config>";
 
-void Parse(Configuration& configuration, const char* text) {
-    ASSERT_EQ(configuration.document.Parse(text), tinyxml2::XML_SUCCESS);
-}
-
 struct LeftByHandler {};
 
 void LeaveByException(const wchar_t*, const wchar_t*, const wchar_t*, unsigned, uintptr_t) {

@@ -14,10 +14,6 @@ constexpr char sample[] =
     "<?xml version=\"1.0\"?><!--first-->"
     "<Config><!--c--><A id=\"1\"><C/></A>text<A id=\"2\"><B/></A><EnableLog/></Config>";
 
-void Parse(Configuration& configuration, const char* text) {
-    ASSERT_EQ(configuration.document.Parse(text), tinyxml2::XML_SUCCESS);
-}
-
 /// "-" for no element, else its name and "id" attribute.
 std::string Describe(const tinyxml2::XMLElement* element) {
     if (element == nullptr) return "-";

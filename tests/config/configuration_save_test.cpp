@@ -2,9 +2,9 @@
 
 #include "config/configuration.h"
 
+#include "config/configuration_fixture.h"
 #include "config/document_text.h"
 #include "config/file_lock.h"
-#include "support/temp_folder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -15,170 +15,139 @@
 using testing::HasSubstr;
 using tinyxml2::XML_SUCCESS;
 
-TEST(ConfigurationSave, KeepsWhatTheStoreDoesntKnow) {
-    const TempFolder folder;
-    const std::wstring path = folder / L"config.xml";
-    WriteFileBytes(path,
-                   "<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\r\n<!--kept-->\r\n"
-                   "<Config a=\"1\">\r\n    <EnableLog x=\"y\"/>\r\n    <Other>text</Other>\r\n"
-                   "    <!--kept too-->\r\n</Config>\r\n");
-    const std::string before = ReadFileBytes(path);
-    Configuration configuration;
-    ASSERT_TRUE(configuration.Load(path));
+namespace {
 
-    EXPECT_TRUE(configuration.Save(path));
+class ConfigurationSave : public ConfigurationTest {};
+class ConfigurationSaveIfModified : public ConfigurationTest {};
 
-    EXPECT_EQ(ReadFileBytes(path), before);
+}  // namespace
+
+TEST_F(ConfigurationSave, KeepsWhatTheStoreDoesntKnow) {
+    constexpr char bytes[] =
+        "<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\r\n<!--kept-->\r\n"
+        "<Config a=\"1\">\r\n    <EnableLog x=\"y\"/>\r\n    <Other>text</Other>\r\n"
+        "    <!--kept too-->\r\n</Config>\r\n";
+    WriteAndLoad(bytes);
+
+    EXPECT_TRUE(m_configuration.Save(m_path));
+
+    EXPECT_EQ(FileBytes(), bytes);
 }
 
-TEST(ConfigurationSave, TouchesNeitherFlagNorNameOnSuccess) {
-    const TempFolder folder;
-    const std::wstring path = folder / L"config.xml";
-    WriteFileBytes(path, "<Config/>");
-    Configuration configuration;
-    ASSERT_TRUE(configuration.Load(path));
-    configuration.SetString("Config.A", "1");
+TEST_F(ConfigurationSave, TouchesNeitherFlagNorNameOnSuccess) {
+    WriteAndLoad("<Config/>");
+    m_configuration.SetString("Config.A", "1");
 
-    EXPECT_TRUE(configuration.Save(folder / L"copy.xml"));
+    EXPECT_TRUE(m_configuration.Save(m_folder / L"copy.xml"));
 
-    EXPECT_TRUE(configuration.modified);
-    EXPECT_EQ(configuration.fileName, path);
-    EXPECT_EQ(ReadFileBytes(folder / L"copy.xml"), "<Config>\r\n    <A>1</A>\r\n</Config>\r\n");
-    EXPECT_EQ(ReadFileBytes(path), "<Config/>");
+    EXPECT_TRUE(m_configuration.modified);
+    EXPECT_EQ(m_configuration.fileName, m_path);
+    EXPECT_EQ(ReadFileBytes(m_folder / L"copy.xml"), "<Config>\r\n    <A>1</A>\r\n</Config>\r\n");
+    EXPECT_EQ(FileBytes(), "<Config/>");
 }
 
-TEST(ConfigurationSave, ClearsTheFlagAndTakesTheNameOnFailure) {
-    const TempFolder folder;
-    const std::wstring path = folder / L"config.xml";
-    WriteFileBytes(path, "<Config/>");
-    Configuration configuration;
-    ASSERT_TRUE(configuration.Load(path));
-    configuration.SetString("Config.A", "1");
+TEST_F(ConfigurationSave, ClearsTheFlagAndTakesTheNameOnFailure) {
+    WriteAndLoad("<Config/>");
+    m_configuration.SetString("Config.A", "1");
 
-    EXPECT_FALSE(configuration.Save(folder / L"没有\\copy.xml"));
+    EXPECT_FALSE(m_configuration.Save(m_folder / L"没有\\copy.xml"));
 
-    EXPECT_FALSE(configuration.modified);
-    EXPECT_EQ(configuration.fileName, folder / L"没有\\copy.xml");
-    EXPECT_EQ(static_cast<int>(configuration.document.ErrorID()), 4);
-    EXPECT_THAT(configuration.document.ErrorStr(), HasSubstr("filename="));
-    EXPECT_EQ(configuration.GetString("Config.A", ""), "1") << "the document keeps the change";
+    EXPECT_FALSE(m_configuration.modified);
+    EXPECT_EQ(m_configuration.fileName, m_folder / L"没有\\copy.xml");
+    EXPECT_EQ(static_cast<int>(m_configuration.document.ErrorID()), 4);
+    EXPECT_THAT(m_configuration.document.ErrorStr(), HasSubstr("filename="));
+    EXPECT_EQ(m_configuration.GetString("Config.A", ""), "1") << "the document keeps the change";
 }
 
-TEST(ConfigurationSave, TakesTheStoresOwnNameForItsPath) {
-    const TempFolder folder;
-    const std::wstring path = folder / L"没有\\config.xml";
-    Configuration configuration;
-    configuration.fileName = path;
+TEST_F(ConfigurationSave, TakesTheStoresOwnNameForItsPath) {
+    const std::wstring missing = m_folder / L"没有\\config.xml";
+    m_configuration.fileName = missing;
 
-    EXPECT_FALSE(configuration.Save(configuration.fileName));
+    EXPECT_FALSE(m_configuration.Save(m_configuration.fileName));
 
-    EXPECT_EQ(configuration.fileName, path);
+    EXPECT_EQ(m_configuration.fileName, missing);
 }
 
-TEST(ConfigurationSave, SucceedsAfterAFailureWithTheErrorGone) {
-    const TempFolder folder;
-    Configuration configuration;
-    ASSERT_FALSE(configuration.Load(folder / L"没有\\config.xml"));
+TEST_F(ConfigurationSave, SucceedsAfterAFailureWithTheErrorGone) {
+    ASSERT_FALSE(m_configuration.Load(m_folder / L"没有\\config.xml"));
 
-    EXPECT_TRUE(configuration.Save(folder / L"config.xml"));
+    EXPECT_TRUE(m_configuration.Save(m_path));
 
-    EXPECT_EQ(configuration.document.ErrorID(), XML_SUCCESS);
-    EXPECT_EQ(ReadFileBytes(folder / L"config.xml"), defaultFile);
+    EXPECT_EQ(m_configuration.document.ErrorID(), XML_SUCCESS);
+    EXPECT_EQ(FileBytes(), defaultFile);
 }
 
-TEST(ConfigurationSave, PassesBytesThroughUnderAUtf8Declaration) {
-    const TempFolder folder;
-    const std::wstring path = folder / L"config.xml";
-    Configuration configuration;
-    ASSERT_TRUE(configuration.Load(path));
-    configuration.SetString("Config.A", "设置 & <层>");
+TEST_F(ConfigurationSave, PassesBytesThroughUnderAUtf8Declaration) {
+    ASSERT_TRUE(m_configuration.Load(m_path));
+    m_configuration.SetString("Config.A", "设置 & <层>");
 
-    ASSERT_TRUE(configuration.Save(path));
+    ASSERT_TRUE(m_configuration.Save(m_path));
 
-    EXPECT_EQ(ReadFileBytes(path), std::string(declaration) +
-                                       "\r\n<Config>\r\n    <A>设置 &amp; &lt;层&gt;</A>\r\n"
-                                       "</Config>\r\n");
-    ASSERT_TRUE(configuration.Load(path));
-    EXPECT_EQ(configuration.GetString("Config.A", ""), "设置 & <层>");
+    EXPECT_EQ(FileBytes(), std::string(declaration) +
+                               "\r\n<Config>\r\n    <A>设置 &amp; &lt;层&gt;</A>\r\n"
+                               "</Config>\r\n");
+    ASSERT_TRUE(m_configuration.Load(m_path));
+    EXPECT_EQ(m_configuration.GetString("Config.A", ""), "设置 & <层>");
 }
 
-TEST(ConfigurationSaveIfModified, DoesNothingWithoutAChange) {
-    const TempFolder folder;
-    const std::wstring path = folder / L"config.xml";
-    WriteFileBytes(path, "<Config></Config>");
-    Configuration configuration;
-    ASSERT_TRUE(configuration.Load(path));
+TEST_F(ConfigurationSaveIfModified, DoesNothingWithoutAChange) {
+    WriteAndLoad("<Config></Config>");
 
-    configuration.SaveIfModified();
+    m_configuration.SaveIfModified();
 
-    EXPECT_EQ(ReadFileBytes(path), "<Config></Config>");
+    EXPECT_EQ(FileBytes(), "<Config></Config>");
 }
 
-TEST(ConfigurationSaveIfModified, WritesAgainAfterAGoodSave) {
-    const TempFolder folder;
-    const std::wstring path = folder / L"config.xml";
-    WriteFileBytes(path, "<Config/>");
-    Configuration configuration;
-    ASSERT_TRUE(configuration.Load(path));
-    configuration.SetInt("Config.A", 1);
-    configuration.SaveIfModified();
-    EXPECT_EQ(ReadFileBytes(path), "<Config>\r\n    <A>1</A>\r\n</Config>\r\n");
-    EXPECT_TRUE(configuration.modified);
-    std::filesystem::remove(path);
+TEST_F(ConfigurationSaveIfModified, WritesAgainAfterAGoodSave) {
+    WriteAndLoad("<Config/>");
+    m_configuration.SetInt("Config.A", 1);
+    m_configuration.SaveIfModified();
+    EXPECT_EQ(FileBytes(), "<Config>\r\n    <A>1</A>\r\n</Config>\r\n");
+    EXPECT_TRUE(m_configuration.modified);
+    std::filesystem::remove(m_path);
 
-    configuration.SaveIfModified();
+    m_configuration.SaveIfModified();
 
-    EXPECT_EQ(ReadFileBytes(path), "<Config>\r\n    <A>1</A>\r\n</Config>\r\n");
+    EXPECT_EQ(FileBytes(), "<Config>\r\n    <A>1</A>\r\n</Config>\r\n");
 }
 
-TEST(ConfigurationSaveIfModified, LosesAChangeMadeAfterTheFallback) {
-    const TempFolder folder;
-    const std::wstring path = folder / L"config.xml";
-    Configuration configuration;
-    ASSERT_TRUE(configuration.Load(path));
-    configuration.SetString("Config.A", "1");
+TEST_F(ConfigurationSaveIfModified, LosesAChangeMadeAfterTheFallback) {
+    ASSERT_TRUE(m_configuration.Load(m_path));
+    m_configuration.SetString("Config.A", "1");
 
-    configuration.SaveIfModified();
+    m_configuration.SaveIfModified();
 
-    EXPECT_FALSE(configuration.modified);
-    EXPECT_EQ(configuration.fileName, L"");
-    EXPECT_EQ(static_cast<int>(configuration.document.ErrorID()), 4);
-    EXPECT_EQ(ReadFileBytes(path), defaultFile);
-    ASSERT_TRUE(configuration.Load(path));
-    EXPECT_EQ(CompactText(configuration), defaultText);
+    EXPECT_FALSE(m_configuration.modified);
+    EXPECT_EQ(m_configuration.fileName, L"");
+    EXPECT_EQ(static_cast<int>(m_configuration.document.ErrorID()), 4);
+    EXPECT_EQ(FileBytes(), defaultFile);
+    ASSERT_TRUE(m_configuration.Load(m_path));
+    EXPECT_EQ(CompactText(m_configuration), defaultText);
 }
 
-TEST(ConfigurationSaveIfModified, DropsTheResultOfAFailure) {
-    const TempFolder folder;
-    const std::wstring path = folder / L"config.xml";
-    WriteFileBytes(path, "<Config/>");
-    Configuration configuration;
-    ASSERT_TRUE(configuration.Load(path));
-    configuration.SetString("Config.A", "1");
+TEST_F(ConfigurationSaveIfModified, DropsTheResultOfAFailure) {
+    WriteAndLoad("<Config/>");
+    m_configuration.SetString("Config.A", "1");
     {
-        const FileLock lock(path, FILE_SHARE_READ);
-        configuration.SaveIfModified();
+        const FileLock lock(m_path, FILE_SHARE_READ);
+        m_configuration.SaveIfModified();
     }
 
-    EXPECT_FALSE(configuration.modified);
-    EXPECT_EQ(configuration.fileName, path);
-    configuration.SaveIfModified();
-    EXPECT_EQ(ReadFileBytes(path), "<Config/>") << "a later save has nothing to do";
+    EXPECT_FALSE(m_configuration.modified);
+    EXPECT_EQ(m_configuration.fileName, m_path);
+    m_configuration.SaveIfModified();
+    EXPECT_EQ(FileBytes(), "<Config/>") << "a later save has nothing to do";
 }
 
-TEST(Configuration, LetsTheLastSaveOfTwoStoresWin) {
-    const TempFolder folder;
-    const std::wstring path = folder / L"config.xml";
-    WriteFileBytes(path, "<Config/>");
-    Configuration first;
+TEST_F(ConfigurationSaveIfModified, LetsTheLastOfTwoStoresWin) {
+    WriteAndLoad("<Config/>");
     Configuration second;
-    ASSERT_TRUE(first.Load(path));
-    ASSERT_TRUE(second.Load(path));
-    first.SetInt("Config.A", 1);
+    ASSERT_TRUE(second.Load(m_path));
+    m_configuration.SetInt("Config.A", 1);
     second.SetInt("Config.B", 2);
 
-    first.SaveIfModified();
+    m_configuration.SaveIfModified();
     second.SaveIfModified();
 
-    EXPECT_EQ(ReadFileBytes(path), "<Config>\r\n    <B>2</B>\r\n</Config>\r\n");
+    EXPECT_EQ(FileBytes(), "<Config>\r\n    <B>2</B>\r\n</Config>\r\n");
 }

@@ -9,14 +9,6 @@
 #include <climits>
 #include <string>
 
-namespace {
-
-void Parse(Configuration& configuration, const std::string& text) {
-    ASSERT_EQ(configuration.document.Parse(text.c_str()), tinyxml2::XML_SUCCESS);
-}
-
-}  // namespace
-
 TEST(ConfigurationGetString, ReadsTheFirstChildNodeIfItIsText) {
     struct Row {
         const char* why;

@@ -2,7 +2,13 @@
 
 #include "config/configuration.h"
 
+#include <gtest/gtest.h>
+
 #include <string>
+
+inline void Parse(Configuration& configuration, const std::string& text) {
+    ASSERT_EQ(configuration.document.Parse(text.c_str()), tinyxml2::XML_SUCCESS);
+}
 
 /// The document on one line, as the library prints it in compact form.
 inline std::string CompactText(const Configuration& configuration) {

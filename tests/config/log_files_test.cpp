@@ -15,11 +15,12 @@
 #include <cstdio>
 #include <ctime>
 #include <filesystem>
-#include <regex>
+#include <memory>
 #include <string>
 #include <vector>
 
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
@@ -28,88 +29,88 @@ namespace {
 
 class LogFiles : public LogTest {};
 
+int g_debugLines = 0;
+
+void WINAPI CountsDebugLines(const char* text) {
+    if (std::string(text).find("] 安装目录") != std::string::npos) ++g_debugLines;
+}
+
 }  // namespace
 
 CHILD_SCENARIO(WritesOneLine) {
     LoadModule();
+    const ImportHook<decltype(&OutputDebugStringA)> hook("KERNEL32.dll", "OutputDebugStringA",
+                                                         &CountsDebugLines);
     SetUpLogging("KVTCAD");
     const CStringA narrowed(L"设计");
     LOG(INFO) << "安装目录 " << narrowed.GetString();
-    return 0;
+    return g_debugLines;
 }
 
-TEST_F(LogFiles, MakesTheFolderBesideTheModuleAndOneFileInIt) {
-    const ChildResult child = Run(L"WritesOneLine");
+namespace {
 
-    EXPECT_EQ(child.exitCode, 0u);
-    EXPECT_THAT(NamesIn(m_folder.Path()), ElementsAre(L"KVTCAD.arx", L"Logs", L"temp"));
-    EXPECT_THAT(NamesIn(Logs()), ElementsAre(L"KVTCAD.INFO.log"));
-    EXPECT_THAT(NamesIn(m_folder / L"temp"), IsEmpty());
+/// Two runs that write one line each; these tests look at what they left.
+class LogOfOneLine : public testing::Test {
+  protected:
+    static void SetUpTestSuite() {
+        m_folder = std::make_unique<ModuleFolder>();
+        m_child = m_folder->Run(L"WritesOneLine");
+        m_firstBytes = ReadFileBytes(m_folder->InfoLog());
+        m_folder->Run(L"WritesOneLine");
+        m_lines = LinesOf(m_folder->InfoLog());
+    }
+    static void TearDownTestSuite() { m_folder.reset(); }
+
+    static std::unique_ptr<ModuleFolder> m_folder;
+    static ChildResult m_child;               ///< the first run
+    static std::string m_firstBytes;          ///< the file behind the first run
+    static std::vector<std::string> m_lines;  ///< the file behind both
+};
+std::unique_ptr<ModuleFolder> LogOfOneLine::m_folder;
+ChildResult LogOfOneLine::m_child;
+std::string LogOfOneLine::m_firstBytes;
+std::vector<std::string> LogOfOneLine::m_lines;
+
+}  // namespace
+
+TEST_F(LogOfOneLine, MakesTheFolderBesideTheModuleAndOneFileInIt) {
+    EXPECT_THAT(NamesIn(m_folder->Path()), ElementsAre(L"KVTCAD.arx", L"Logs", L"temp"));
+    EXPECT_THAT(NamesIn(m_folder->Logs()), ElementsAre(L"KVTCAD.INFO.log"));
+    EXPECT_THAT(NamesIn(*m_folder / L"temp"), IsEmpty());
 }
 
-TEST_F(LogFiles, StartsAFileWithTheHeaderOfTheLibrary) {
+TEST_F(LogOfOneLine, StartsWithTheHeaderOfTheLibrary) {
     char machine[MAX_COMPUTERNAME_LENGTH + 1] = {};
     DWORD size = sizeof machine;
     GetComputerNameA(machine, &size);
 
-    Run(L"WritesOneLine");
-
-    const std::vector<std::string> lines = LinesOf(InfoLog());
-    ASSERT_EQ(lines.size(), 5u);
-    EXPECT_TRUE(
-        std::regex_match(lines[0], std::regex("Log file created at: [0-9]{4}/[0-9]{2}/[0-9]{2} "
-                                              "[0-9]{2}:[0-9]{2}:[0-9]{2}")))
-        << lines[0];
-    EXPECT_EQ(lines[1], std::string("Running on machine: ") + machine);
-    EXPECT_TRUE(std::regex_match(
-        lines[2], std::regex("Running duration \\(h:mm:ss\\): [0-9]+:[0-9]{2}:[0-9]{2}")))
-        << lines[2];
-    EXPECT_EQ(lines[3], "Log line format: [IWEF]yyyymmdd hh:mm:ss.uuuuuu threadid file:line] msg");
+    ASSERT_EQ(m_lines.size(), 10u);
+    EXPECT_EQ(WithNines(m_lines[0]), "Log file created at: 9999/99/99 99:99:99");
+    EXPECT_EQ(m_lines[1], std::string("Running on machine: ") + machine);
+    EXPECT_EQ(WithNines(m_lines[2]), "Running duration (h:mm:ss): 9:99:99");
+    EXPECT_EQ(m_lines[3],
+              "Log line format: [IWEF]yyyymmdd hh:mm:ss.uuuuuu threadid file:line] msg");
 }
 
-TEST_F(LogFiles, WritesALineInTheAnsiCodePageBehindItsPrefix) {
-    Run(L"WritesOneLine");
-
-    const std::vector<std::string> lines = LinesOf(InfoLog());
-    ASSERT_EQ(lines.size(), 5u);
-    EXPECT_TRUE(std::regex_match(lines[4], std::regex(infoPattern + std::string("安装目录 设计"))))
-        << lines[4];
+TEST_F(LogOfOneLine, IsInTheAnsiCodePageBehindItsPrefix) {
+    ASSERT_EQ(m_lines.size(), 10u);
+    EXPECT_EQ(WithNines(m_lines[4]), infoPrefix + std::string("安装目录 设计"));
 }
 
-TEST_F(LogFiles, SendsEachLineToStderrToo) {
-    const ChildResult child = Run(L"WritesOneLine");
-
-    EXPECT_TRUE(std::regex_search(
-        child.errors, std::regex("^" + std::string(infoPattern) + "安装目录 设计\r?\n$")))
-        << child.errors;
+TEST_F(LogOfOneLine, GoesToStderrToo) {
+    EXPECT_EQ(WithNines(m_child.errors), infoPrefix + std::string("安装目录 设计\r\n"));
 }
 
-TEST_F(LogFiles, AppendsASecondRunBehindTheFirst) {
-    Run(L"WritesOneLine");
-    const std::string first = ReadFileBytes(InfoLog());
-
-    Run(L"WritesOneLine");
-
-    EXPECT_THAT(ReadFileBytes(InfoLog()), StartsWith(first));
-    const std::vector<std::string> lines = LinesOf(InfoLog());
-    ASSERT_EQ(lines.size(), 10u);
-    EXPECT_THAT(lines[5], StartsWith("Log file created at: "));
-    EXPECT_THAT(lines[9], HasSubstr("安装目录 设计"));
-    EXPECT_THAT(NamesIn(Logs()), ElementsAre(L"KVTCAD.INFO.log"));
+TEST_F(LogOfOneLine, GoesToTheDebuggerToo) {
+    EXPECT_EQ(m_child.exitCode, 1u);
 }
 
-CHILD_SCENARIO(BringsUpOnly) {
-    LoadModule();
-    SetUpLogging("KVTCAD");
-    return 0;
-}
-
-TEST_F(LogFiles, OpensTheFileAtItsFirstLineOnly) {
-    const ChildResult child = Run(L"BringsUpOnly");
-
-    EXPECT_TRUE(std::filesystem::is_directory(Logs()));
-    EXPECT_THAT(NamesIn(Logs()), IsEmpty());
-    EXPECT_EQ(child.errors, "");
+TEST_F(LogOfOneLine, IsAppendedToByASecondRun) {
+    EXPECT_THAT(ReadFileBytes(m_folder->InfoLog()), StartsWith(m_firstBytes));
+    EXPECT_EQ(CountOf(m_firstBytes, "\n"), 5u);
+    ASSERT_EQ(m_lines.size(), 10u);
+    EXPECT_THAT(m_lines[5], StartsWith("Log file created at: "));
+    EXPECT_THAT(m_lines[9], HasSubstr("安装目录 设计"));
 }
 
 CHILD_SCENARIO(WritesAllButFatal) {
@@ -121,31 +122,33 @@ CHILD_SCENARIO(WritesAllButFatal) {
     return __LINE__;
 }
 
-TEST_F(LogFiles, WritesALineToTheFileOfItsSeverityAndOfAllLowerOnes) {
-    Run(L"WritesAllButFatal");
+namespace {
 
-    EXPECT_THAT(NamesIn(Logs()),
-                ElementsAre(L"KVTCAD.ERROR.log", L"KVTCAD.INFO.log", L"KVTCAD.WARNING.log"));
-    EXPECT_THAT(MessagesOf(InfoLog()), ElementsAre("one", "two", "three"));
-    EXPECT_THAT(MessagesOf(Logs() + L"\\KVTCAD.WARNING.log"), ElementsAre("two", "three"));
-    EXPECT_THAT(MessagesOf(Logs() + L"\\KVTCAD.ERROR.log"), ElementsAre("three"));
-    EXPECT_THAT(NamesIn(m_folder / L"temp"), IsEmpty());
+std::string Place(unsigned long line) {
+    return " log_files_test.cpp:" + std::to_string(line);
 }
 
-TEST_F(LogFiles, ShowsFileAndLineForWarningsAndErrorsOnly) {
-    const ChildResult child = Run(L"WritesAllButFatal");
+}  // namespace
 
-    const std::vector<std::string> lines = LinesOf(InfoLog());
+TEST_F(LogFiles, WritesALineToTheFileOfItsSeverityAndOfAllLowerOnes) {
+    const ChildResult child = m_folder.Run(L"WritesAllButFatal");
+
+    EXPECT_THAT(NamesIn(m_folder.Logs()),
+                ElementsAre(L"KVTCAD.ERROR.log", L"KVTCAD.INFO.log", L"KVTCAD.WARNING.log"));
+    EXPECT_THAT(MessagesOf(m_folder.InfoLog()), ElementsAre("one", "two", "three"));
+    EXPECT_THAT(MessagesOf(m_folder / L"Logs\\KVTCAD.WARNING.log"), ElementsAre("two", "three"));
+    EXPECT_THAT(MessagesOf(m_folder / L"Logs\\KVTCAD.ERROR.log"), ElementsAre("three"));
+    EXPECT_THAT(NamesIn(m_folder / L"temp"), IsEmpty());
+
+    const std::vector<std::string> lines = LinesOf(m_folder.InfoLog());
     ASSERT_EQ(lines.size(), 7u);
-    const std::string line =
-        " log_files_test\\.cpp:" + std::to_string(child.exitCode - 2) + "\\] two";
-    EXPECT_TRUE(std::regex_match(lines[4], std::regex(infoPattern + std::string("one"))));
-    EXPECT_TRUE(std::regex_match(lines[5], std::regex("\\[WARNING [0-9:]{8}\\.[0-9]{6}" + line)))
-        << lines[5];
-    EXPECT_TRUE(std::regex_match(
-        lines[6],
-        std::regex("\\[ERROR   [0-9:]{8}\\.[0-9]{6} log_files_test\\.cpp:[0-9]+\\] three")))
-        << lines[6];
+    const std::string two = Place(child.exitCode - 2) + "] two";
+    const std::string three = Place(child.exitCode - 1) + "] three";
+    EXPECT_EQ(WithNines(lines[4]), infoPrefix + std::string("one")) << "no file and no line";
+    EXPECT_EQ(WithNines(lines[5]), WithNines("[WARNING 99:99:99.999999" + two));
+    EXPECT_THAT(lines[5], EndsWith(two));
+    EXPECT_EQ(WithNines(lines[6]), WithNines("[ERROR   99:99:99.999999" + three));
+    EXPECT_THAT(lines[6], EndsWith(three));
 }
 
 CHILD_SCENARIO(WritesFatal) {
@@ -156,12 +159,12 @@ CHILD_SCENARIO(WritesFatal) {
 }
 
 TEST_F(LogFiles, NamesTheFileOfFatalLinesLikeTheOthers) {
-    const ChildResult child = Run(L"WritesFatal");
+    const ChildResult child = m_folder.Run(L"WritesFatal");
 
     EXPECT_NE(child.exitCode, 0u);
-    EXPECT_THAT(NamesIn(Logs()), ElementsAre(L"KVTCAD.ERROR.log", L"KVTCAD.FATAL.log",
-                                             L"KVTCAD.INFO.log", L"KVTCAD.WARNING.log"));
-    EXPECT_THAT(MessagesOf(Logs() + L"\\KVTCAD.FATAL.log"), ElementsAre("the end"));
+    EXPECT_THAT(NamesIn(m_folder.Logs()), ElementsAre(L"KVTCAD.ERROR.log", L"KVTCAD.FATAL.log",
+                                                      L"KVTCAD.INFO.log", L"KVTCAD.WARNING.log"));
+    EXPECT_THAT(MessagesOf(m_folder / L"Logs\\KVTCAD.FATAL.log"), ElementsAre("the end"));
 }
 
 CHILD_SCENARIO(WritesUnderAnotherName) {
@@ -172,86 +175,52 @@ CHILD_SCENARIO(WritesUnderAnotherName) {
 }
 
 TEST_F(LogFiles, TakesTheNameForTheFiles) {
-    Run(L"WritesUnderAnotherName");
+    m_folder.Run(L"WritesUnderAnotherName");
 
-    EXPECT_THAT(NamesIn(Logs()), ElementsAre(L"Other.INFO.log"));
-}
-
-CHILD_SCENARIO(IsEndedBehindALine) {
-    LoadModule();
-    SetUpLogging("KVTCAD");
-    LOG(INFO) << "one";  // Comes with the header, which is written at once in any case.
-    LOG(INFO) << "the last words";
-    TerminateProcess(GetCurrentProcess(), 7);
-    return 0;
-}
-
-TEST_F(LogFiles, HasALineOnDiskWhenTheProcessIsEndedAtOnce) {
-    const ChildResult child = Run(L"IsEndedBehindALine");
-
-    EXPECT_EQ(child.exitCode, 7u);
-    EXPECT_THAT(MessagesOf(InfoLog()), ElementsAre("one", "the last words"));
+    EXPECT_THAT(NamesIn(m_folder.Logs()), ElementsAre(L"Other.INFO.log"));
 }
 
 CHILD_SCENARIO(FindsTwoLines) {
     const std::string bytes = ReadFileBytes(WorkingFolder() + L"\\Logs\\KVTCAD.INFO.log");
     return bytes.find("] one\r\n") != std::string::npos &&
-                   bytes.find("] two\r\n") != std::string::npos
+                   bytes.find("] the last words\r\n") != std::string::npos
                ? 42
                : 1;
 }
 
-CHILD_SCENARIO(HasItsFileReadByAnother) {
+CHILD_SCENARIO(IsReadByAnotherAndEnded) {
     LoadModule();
     SetUpLogging("KVTCAD");
-    LOG(INFO) << "one";
-    LOG(INFO) << "two";
-    return static_cast<int>(RunScenario(L"FindsTwoLines").exitCode);
+    LOG(INFO) << "one";  // Comes with the header, which is written at once in any case.
+    LOG(INFO) << "the last words";
+    TerminateProcess(GetCurrentProcess(), RunScenario(L"FindsTwoLines").exitCode);
+    return 0;
 }
 
-TEST_F(LogFiles, LetsAnotherProcessReadALineAtOnce) {
-    EXPECT_EQ(Run(L"HasItsFileReadByAnother").exitCode, 42u);
-}
+TEST_F(LogFiles, WritesALineAtOnceForAnotherProcessAndForItsOwnSuddenEnd) {
+    const ChildResult child = m_folder.Run(L"IsReadByAnotherAndEnded");
 
-namespace {
-
-int g_debugLines = 0;
-
-void WINAPI CountsDebugLines(const char* text) {
-    if (std::string(text).find("] one") != std::string::npos) ++g_debugLines;
-}
-
-}  // namespace
-
-CHILD_SCENARIO(WritesToTheDebugger) {
-    LoadModule();
-    const ImportHook<decltype(&OutputDebugStringA)> hook("KERNEL32.dll", "OutputDebugStringA",
-                                                         &CountsDebugLines);
-    SetUpLogging("KVTCAD");
-    LOG(INFO) << "one";
-    return g_debugLines;
-}
-
-TEST_F(LogFiles, SendsEachLineToTheDebuggerToo) {
-    EXPECT_EQ(Run(L"WritesToTheDebugger").exitCode, 1u);
+    EXPECT_EQ(child.exitCode, 42u);
+    EXPECT_THAT(MessagesOf(m_folder.InfoLog()), ElementsAre("one", "the last words"));
 }
 
 CHILD_SCENARIO(WritesMoreThanAMebibyte) {
     LoadModule();
     SetUpLogging("KVTCAD");
-    for (int line = 0; line < 60; ++line)
-        LOG(INFO) << std::string(20000, 'x');
+    const std::string text(29000, 'x');
+    for (int line = 0; line < 40; ++line)
+        LOG(INFO) << text;
     return 0;
 }
 
 TEST_F(LogFiles, GoesOnInTheSameFileAtTheSizeLimit) {
     const EnvironmentVariable limit(L"GLOG_max_log_size", L"1");
 
-    Run(L"WritesMoreThanAMebibyte");
+    m_folder.Run(L"WritesMoreThanAMebibyte");
 
-    EXPECT_THAT(NamesIn(Logs()), ElementsAre(L"KVTCAD.INFO.log"));
-    EXPECT_EQ(MessagesOf(InfoLog()).size(), 60u);
-    EXPECT_EQ(CountOf(ReadFileBytes(InfoLog()), "Log file created at: "), 2u);
+    EXPECT_THAT(NamesIn(m_folder.Logs()), ElementsAre(L"KVTCAD.INFO.log"));
+    EXPECT_EQ(MessagesOf(m_folder.InfoLog()).size(), 40u);
+    EXPECT_EQ(CountOf(ReadFileBytes(m_folder.InfoLog()), "Log file created at: "), 2u);
 }
 
 namespace {
@@ -283,10 +252,10 @@ CHILD_SCENARIO(TellsTheTime) {
 TEST_F(LogFiles, WritesLocalTime) {
     const EnvironmentVariable zone(L"TZ", L"CST-8");
 
-    const ChildResult child = Run(L"TellsTheTime");
+    const ChildResult child = m_folder.Run(L"TellsTheTime");
 
     EXPECT_EQ(child.exitCode, 0u) << "local time is no other than universal time here";
-    const std::vector<std::string> lines = LinesOf(InfoLog());
+    const std::vector<std::string> lines = LinesOf(m_folder.InfoLog());
     ASSERT_EQ(lines.size(), 5u);
     EXPECT_THAT(child.output, HasSubstr(lines[4].substr(0, lines[4].find('.') + 1)));
 }
@@ -294,7 +263,7 @@ TEST_F(LogFiles, WritesLocalTime) {
 TEST_F(LogFiles, FiltersLinesByAPresetOfTheEnvironment) {
     const EnvironmentVariable preset(L"GLOG_minloglevel", L"1");
 
-    Run(L"WritesAllButFatal");
+    m_folder.Run(L"WritesAllButFatal");
 
-    EXPECT_THAT(MessagesOf(InfoLog()), ElementsAre("two", "three"));
+    EXPECT_THAT(MessagesOf(m_folder.InfoLog()), ElementsAre("two", "three"));
 }

@@ -7,20 +7,20 @@
 #include <algorithm>
 #include <filesystem>
 
-LogTest::LogTest() {
+ModuleFolder::ModuleFolder() {
     // Any DLL does; this one needs no others.
     std::filesystem::copy_file(ProgramFolder() + L"\\libwinpthread-1.dll",
                                m_folder / L"KVTCAD.arx");
     std::filesystem::create_directory(m_folder / L"temp");
 }
 
-ChildResult LogTest::Run(const std::wstring& scenario) const {
+ChildResult ModuleFolder::Run(const std::wstring& scenario) const {
     ChildOptions options;
     options.directory = m_folder.Path();
     return RunScenario(scenario, options);
 }
 
-std::vector<std::wstring> LogTest::NamesIn(const std::wstring& folder) {
+std::vector<std::wstring> NamesIn(const std::wstring& folder) {
     std::vector<std::wstring> names;
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
         names.push_back(entry.path().filename().wstring());
@@ -29,7 +29,7 @@ std::vector<std::wstring> LogTest::NamesIn(const std::wstring& folder) {
     return names;
 }
 
-std::vector<std::string> LogTest::LinesOf(const std::wstring& path) {
+std::vector<std::string> LinesOf(const std::wstring& path) {
     const std::string bytes = ReadFileBytes(path);
     std::vector<std::string> lines;
     size_t start = 0;
@@ -41,7 +41,7 @@ std::vector<std::string> LogTest::LinesOf(const std::wstring& path) {
     return lines;
 }
 
-std::vector<std::string> LogTest::MessagesOf(const std::wstring& path) {
+std::vector<std::string> MessagesOf(const std::wstring& path) {
     std::vector<std::string> messages;
     for (const std::string& line : LinesOf(path)) {
         if (line[0] == '[') messages.push_back(line.substr(line.find("] ") + 2));
@@ -49,11 +49,17 @@ std::vector<std::string> LogTest::MessagesOf(const std::wstring& path) {
     return messages;
 }
 
-size_t LogTest::CountOf(const std::string& text, const std::string& part) {
+size_t CountOf(const std::string& text, const std::string& part) {
     size_t count = 0;
     for (size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
         ++count;
     return count;
+}
+
+std::string WithNines(std::string text) {
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; }, '9');
+    return text;
 }
 
 std::wstring WorkingFolder() {
