@@ -10,6 +10,7 @@ AcRx::AppRetCode AcRxArxApp::On_kInitAppMsg(void* packet) {
 }
 
 AcRx::AppRetCode AcRxArxApp::On_kUnloadAppMsg(void* packet) {
+    // Meant: the classes go first here too, not in the reverse order of the start.
     const AcRx::AppRetCode result = AcRxDbxApp::On_kUnloadAppMsg(packet);
     RemoveCommands(CommandTable());
     return result;

@@ -17,6 +17,7 @@ HINSTANCE GetApplicationInstance() {
 AcRx::AppRetCode CKVTCADApp::On_kInitAppMsg(void* packet) {
     const AcRx::AppRetCode result = AcRxArxApp::On_kInitAppMsg(packet);
     if (!SetUpEnvironment()) {
+        // Meant: the commands stay registered; the host is told nothing but the answer.
         acutPrintf(L"\n《KVT CAD辅助设计软件》可能没有正确安装");
         return AcRx::kRetError;
     }

@@ -34,6 +34,7 @@ bool SetUpEnvironment() {
     Configuration configuration;
     const bool locationRead = ReadInstallValue(L"Location", InstallLocation);
     const bool versionRead = ReadInstallValue(L"Version", InstallVersion);
+    // Meant: a plain file is present too.
     const bool installPresent = ProbePath(InstallLocation) != PathAbsent;
     const bool configLoaded = configuration.Load(InstallLocation + L"\\config.xml");
     // Meant: the element's presence alone turns the log on, whatever it says.

@@ -2,6 +2,7 @@
 
 #include "host/fake_host.h"
 #include "host/host_services.h"
+#include "host/lisp_recorder.h"
 #include "host/load_kvt_command.h"
 #include "host/module_handles.h"
 #include "support/call_journal.h"
@@ -20,16 +21,6 @@ class App : public AcRxArxApp {
 };
 
 int g_called = 0;
-
-int RecordDefun(const wchar_t* name, short code) {
-    CallJournal::Add(L"acedDefun " + std::wstring(name) + L" " + std::to_wstring(code));
-    return RTERROR;
-}
-
-int RecordUndef(const wchar_t* name, short code) {
-    CallJournal::Add(L"acedUndef " + std::wstring(name) + L" " + std::to_wstring(code));
-    return RTERROR;
-}
 
 int CalledCode() {
     return g_called;
@@ -53,8 +44,7 @@ class AcRxArxAppTest : public testing::Test {
     App m_app;
 
   private:
-    ImportHook<decltype(&acedDefun)> m_defun{"drafthost17.dll", "_Z9acedDefunPKws", &RecordDefun};
-    ImportHook<decltype(&acedUndef)> m_undef{"drafthost17.dll", "_Z9acedUndefPKws", &RecordUndef};
+    const LispRecorder m_recorder;
     ImportHook<decltype(&acedGetFunCode)> m_code{"drafthost17.dll", "_Z14acedGetFunCodev",
                                                  &CalledCode};
     ImportHook<decltype(&acedRetStr)> m_retStr{"drafthost17.dll", "_Z10acedRetStrPKw",

@@ -3,6 +3,7 @@
 #include "host/entry_point.h"
 #include "host/fake_host.h"
 #include "host/good_installation.h"
+#include "host/lisp_recorder.h"
 #include "host/module_handles.h"
 #include "host/welcome_banner.h"
 #include "install/install_record.h"
@@ -45,16 +46,6 @@ int RecordSetEnv(const wchar_t*, const wchar_t*) {
     return RTERROR;
 }
 
-int RecordDefun(const wchar_t* name, short code) {
-    CallJournal::Add(L"acedDefun " + std::wstring(name) + L" " + std::to_wstring(code));
-    return RTERROR;
-}
-
-int RecordUndef(const wchar_t* name, short) {
-    CallJournal::Add(L"acedUndef " + std::wstring(name));
-    return RTERROR;
-}
-
 int RecordQueue(const wchar_t* expression) {
     CallJournal::Add(L"ads_queueexpr " + std::wstring(expression));
     return RTERROR;
@@ -84,8 +75,7 @@ struct Stage {
                                             &RecordGetEnv};
     ImportHook<decltype(&acedSetEnv)> m_set{"drafthost17.dll", "_Z10acedSetEnvPKwS0_",
                                             &RecordSetEnv};
-    ImportHook<decltype(&acedDefun)> m_defun{"drafthost17.dll", "_Z9acedDefunPKws", &RecordDefun};
-    ImportHook<decltype(&acedUndef)> m_undef{"drafthost17.dll", "_Z9acedUndefPKws", &RecordUndef};
+    const LispRecorder m_recorder;
     ImportHook<decltype(&ads_queueexpr)> m_queue{"drafthost17.dll", "_Z13ads_queueexprPKw",
                                                  &RecordQueue};
 };
@@ -174,7 +164,7 @@ TEST_F(CKVTCADAppTest, TheUnloadRemovesCommandsAndNoLispFunction) {
 
 TEST_F(CKVTCADAppTest, TheEndOfADrawingUndefinesAndTheQuitDoesNothing) {
     EXPECT_EQ(g_application.On_kUnloadDwgMsg(nullptr), AcRx::kRetOK);
-    EXPECT_EQ(Steps(), Calls{L"acedUndef GetKVTPath"});
+    EXPECT_EQ(Steps(), Calls{L"acedUndef GetKVTPath 0"});
 
     CallJournal::Clear();
     EXPECT_EQ(g_application.On_kQuitMsg(nullptr), AcRx::kRetOK);

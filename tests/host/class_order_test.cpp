@@ -1,6 +1,7 @@
 // A program of its own: it puts rows into the module's class table, which is empty everywhere else.
 
 #include "host/acrx_arx_app.h"
+#include "host/class_recorder.h"
 #include "host/class_table.h"
 #include "host/fake_host.h"
 #include "host/section_table.h"
@@ -45,28 +46,11 @@ class App : public AcRxArxApp {
     void RegisterServerComponents() override { CallJournal::Add(L"RegisterServerComponents"); }
 };
 
-void (*g_realBuild)() = nullptr;
-void (*g_realDelete)(AcRxClass*) = nullptr;
-
-void RecordBuild() {
-    CallJournal::Add(L"build hierarchy");
-    g_realBuild();
-}
-
-void RecordDelete(AcRxClass* descriptor) {
-    CallJournal::Add(L"delete " + std::wstring(descriptor->name()));
-    g_realDelete(descriptor);
-}
-
 }  // namespace
 
 TEST(ClassOrder, ClassesComeBeforeCommandsInBothDirections) {
     const FakeHost host;
-    ImportHook<void (*)()> build("drafthost17.dll", "_Z23acrxBuildClassHierarchyv", &RecordBuild);
-    ImportHook<void (*)(AcRxClass*)> remove("drafthost17.dll", "_Z15deleteAcRxClassP9AcRxClass",
-                                            &RecordDelete);
-    g_realBuild = build.Original();
-    g_realDelete = remove.Original();
+    const ClassRecorder classes;
     App app;
 
     EXPECT_EQ(app.On_kInitAppMsg(nullptr), AcRx::kRetOK);

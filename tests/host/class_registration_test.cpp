@@ -1,7 +1,7 @@
 #include "host/class_registration.h"
 
+#include "host/class_recorder.h"
 #include "support/call_journal.h"
-#include "support/import_hook.h"
 
 #include <gtest/gtest.h>
 
@@ -38,32 +38,17 @@ DbxClassEntry g_rows[classCount] = {{&Desc<A>, &Init<A>, false},
                                     {&Desc<C>, &Init<C>, false},
                                     {&Desc<D>, &Init<D>, false}};
 
-void (*g_realBuild)() = nullptr;
-void (*g_realDelete)(AcRxClass*) = nullptr;
-
-void RecordBuild() {
-    CallJournal::Add(L"build hierarchy");
-    g_realBuild();
-}
-
-void RecordDelete(AcRxClass* descriptor) {
-    CallJournal::Add(L"delete " + std::wstring(descriptor->name()));
-    g_realDelete(descriptor);
-}
-
 /// The classes in slots of a given order, with a null slot in between.
 class ClassRegistrationTest : public testing::Test {
   protected:
     ClassRegistrationTest() {
-        g_realBuild = m_build.Original();
-        g_realDelete = m_delete.Original();
         for (DbxClassEntry& row : g_rows)
             row.registered = false;
         SetOrder({A, B, C, D});
     }
     ~ClassRegistrationTest() override {
         for (int index = 0; index < classCount; ++index) {
-            if (g_rows[index].registered) g_realDelete(g_classes[index]);
+            if (g_rows[index].registered) deleteAcRxClass(g_classes[index]);
         }
     }
 
@@ -81,17 +66,26 @@ class ClassRegistrationTest : public testing::Test {
     }
 
   private:
-    ImportHook<decltype(&acrxBuildClassHierarchy)> m_build{
-        "drafthost17.dll", "_Z23acrxBuildClassHierarchyv", &RecordBuild};
-    ImportHook<decltype(&deleteAcRxClass)> m_delete{
-        "drafthost17.dll", "_Z15deleteAcRxClassP9AcRxClass", &RecordDelete};
+    const ClassRecorder m_recorder;
     std::array<DbxClassEntry*, classCount + 3> m_slots = {};
 };
 
-size_t Place(const Calls& calls, int index) {
-    return static_cast<size_t>(
-        std::find(calls.begin(), calls.end(), L"delete " + std::wstring(names[index])) -
-        calls.begin());
+std::vector<AcRxClass*> g_deletions;
+
+/// The class stays, so that one tree serves many walks.
+void NoteDeletion(AcRxClass* descriptor) {
+    g_deletions.push_back(descriptor);
+}
+
+/// When the class was deleted, counted from 0.
+auto Turn(int index) {
+    return std::find(g_deletions.begin(), g_deletions.end(), g_classes[index]) -
+           g_deletions.begin();
+}
+
+void MarkAllRegistered() {
+    for (DbxClassEntry& row : g_rows)
+        row.registered = true;
 }
 
 }  // namespace
@@ -120,21 +114,25 @@ TEST_F(ClassRegistrationTest, AnEmptyTableBuildsNoHierarchy) {
 }
 
 TEST_F(ClassRegistrationTest, DerivedClassesGoFirstWhateverTheOrderOfSlots) {
+    const ImportHook<decltype(&deleteAcRxClass)> hook(
+        "drafthost17.dll", "_Z15deleteAcRxClassP9AcRxClass", &NoteDeletion);
+    Register();
     std::array<int, classCount> order = {A, B, C, D};
     do {
         SetOrder(order);
-        Register();
+        MarkAllRegistered();
+        g_deletions.clear();
 
         RemoveClasses(Table());
 
-        const Calls calls = CallJournal::Take();
-        ASSERT_EQ(calls.size(), 4u);
-        EXPECT_LT(Place(calls, B), Place(calls, A));
-        EXPECT_LT(Place(calls, C), Place(calls, B));
-        EXPECT_LT(Place(calls, D), Place(calls, A));
+        ASSERT_EQ(g_deletions.size(), 4u);
+        EXPECT_LT(Turn(B), Turn(A));
+        EXPECT_LT(Turn(C), Turn(B));
+        EXPECT_LT(Turn(D), Turn(A));
         for (const DbxClassEntry& row : g_rows)
             EXPECT_FALSE(row.registered);
     } while (std::next_permutation(order.begin(), order.end()));
+    MarkAllRegistered();  // For the clean-up.
 }
 
 TEST_F(ClassRegistrationTest, SiblingsGoInTheOrderOfSlots) {

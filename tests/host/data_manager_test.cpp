@@ -2,7 +2,9 @@
 
 #include "host/document_data.h"
 #include "host/fake_doc_manager.h"
+#include "host/fake_host.h"
 #include "support/call_journal.h"
+#include "support/child_scenario.h"
 
 #include <gtest/gtest.h>
 
@@ -41,6 +43,27 @@ class Manager : public AcApDataManager<Counted> {
 
 AcApDocument* Document(int number) {
     return reinterpret_cast<AcApDocument*>(static_cast<ULONG_PTR>(0x1000 * number));
+}
+
+CHILD_SCENARIO(JoinsAHostWithoutManager) {
+    const DocManagerHook hook;
+    DocManagerHook::TakeDown();
+    const Manager manager;
+    return 0;
+}
+
+/// Whether `isA` asked the registry for its class at the first call and for nothing at the second.
+CHILD_SCENARIO(ManagerAsksForItsClassOnce) {
+    const DocManagerHook hook;
+    const Manager manager;
+    const FakeHost host;
+    AcRxClass* const first = manager.isA();
+    const Calls calls = CallJournal::Take();
+    return manager.isA() == first &&
+                   calls == Calls{L"at ClassDictionary", L"at AcApDocManagerReactor"} &&
+                   CallJournal::Calls().empty()
+               ? 0
+               : 1;
 }
 
 }  // namespace
@@ -93,6 +116,10 @@ TEST(AcApDataManager, AHostWithoutManagerIsAskedOnceAndTheMapStillReleased) {
 
     EXPECT_EQ(CallJournal::Calls(), (Calls{L"acDocManagerPtr", L"free"}));
     EXPECT_EQ(g_alive, 0);
+}
+
+TEST(AcApDataManager, MeantAHostWithoutManagerCrashesItWhenItJoins) {
+    EXPECT_EQ(RunScenario(L"JoinsAHostWithoutManager").exitCode, 0xC0000005);
 }
 
 TEST(AcApDataManager, TheDestructorFreesTheObjectOnlyWhenAsked) {
@@ -157,6 +184,10 @@ TEST(AcApDataManager, IsOfTheHostsReactorClass) {
     EXPECT_TRUE(manager.isKindOf(AcRxObject::desc()));
     EXPECT_EQ(manager.clone(), nullptr);
     EXPECT_TRUE(manager.isEqualTo(&manager));
+}
+
+TEST(AcApDataManager, LooksItsClassUpOnce) {
+    EXPECT_EQ(RunScenario(L"ManagerAsksForItsClassOnce").exitCode, 0u);
 }
 
 TEST(DocumentData, IsAReactorOfTheHostWithSmallValues) {

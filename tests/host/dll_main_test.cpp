@@ -54,6 +54,7 @@ void RecordLibrary(CDynLinkLibrary*, AFX_EXTENSION_MODULE& record, BOOL system) 
     CallJournal::Add(L"CDynLinkLibrary");
     EXPECT_EQ(&record, &ModuleExtensionRecord.m_extensionModule);
     EXPECT_EQ(system, FALSE);
+    EXPECT_EQ(ModuleExtensionRecord.m_moduleResource, module);  // It is there by now.
 }
 
 class DllMainTest : public testing::Test {

@@ -39,6 +39,12 @@ HANDLE WINAPI RecordFind(LPCWSTR path, LPWIN32_FIND_DATAW data) {
     return g_realFind(path, data);
 }
 
+HANDLE WINAPI FindAsPlainFile(LPCWSTR path, LPWIN32_FIND_DATAW data) {
+    const HANDLE find = g_realFind(path, data);
+    data->dwFileAttributes = FILE_ATTRIBUTE_ARCHIVE;
+    return find;
+}
+
 bool IsAtDriveRoot(const char* path) {
     return path[0] == '\\';
 }
@@ -161,6 +167,18 @@ TEST_F(SetUpEnvironmentTest, AMissingLocationStillReadsTheVersionAndLoadsFromThe
                                                        "安装目录 -不存在", "读取配置-错误"}));
 }
 
+TEST_F(SetUpEnvironmentTest, ALocationOfAnEarlierStartIsKeptButRefusesWhenItCanNotBeReadAgain) {
+    InstallLocation = m_installation.Location();
+    m_installation.m_registry.SetValue(L"Location", REG_BINARY, std::string(40, 'x'));
+
+    EXPECT_FALSE(Run());
+
+    EXPECT_EQ(InstallLocation, m_installation.Location());
+    EXPECT_EQ(LogLine(2), "安装目录 " + m_narrowLocation + "-不存在");
+    EXPECT_EQ(LogLine(3), "读取配置-成功");
+    EXPECT_FALSE(SettingWritten());
+}
+
 TEST_F(SetUpEnvironmentTest, MeantAMissingDirectoryStillReadsAsPresentInTheLog) {
     const std::wstring missing = m_installation.Location() + L"\\missing";
     m_installation.m_registry.SetLocation(missing);
@@ -204,7 +222,14 @@ TEST_F(SetUpEnvironmentTest, AMissingConfigurationIsMadeAndCountsAsLoaded) {
     EXPECT_NE(ReadFileBytes(m_installation.ConfigFile()).find("<Config"), std::string::npos);
 }
 
-TEST_F(SetUpEnvironmentTest, APlainFilePassesThePresenceTestAndTheConfigurationDecides) {
+TEST_F(SetUpEnvironmentTest, MeantAPlainFileIsPresentToo) {
+    const ImportHook<decltype(&FindFirstFileW)> find("KERNEL32.dll", "FindFirstFileW",
+                                                     &FindAsPlainFile);
+
+    EXPECT_TRUE(Run());
+}
+
+TEST_F(SetUpEnvironmentTest, ARealPlainFileHasNoConfigurationBelowIt) {
     m_installation.m_registry.SetLocation(m_installation.ConfigFile());
 
     EXPECT_FALSE(Run());

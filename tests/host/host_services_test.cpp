@@ -12,6 +12,34 @@ namespace {
 
 using Calls = std::vector<std::wstring>;
 
+/// A class of its own that derives from a class of the host, for the life of this object.
+class DerivedClass {
+  public:
+    explicit DerivedClass(const wchar_t* parent)
+        : m_class(newAcRxClass(L"KvtTestDerived", parent)) {
+        acrxBuildClassHierarchy();
+    }
+    DerivedClass(const DerivedClass&) = delete;
+    DerivedClass& operator=(const DerivedClass&) = delete;
+    ~DerivedClass() { deleteAcRxClass(m_class); }
+
+    AcRxClass* Get() const { return m_class; }
+
+  private:
+    AcRxClass* m_class;
+};
+
+/// A service whose object is of a class derived from the service's own.
+template <typename Service>
+class Derived : public Service {
+  public:
+    explicit Derived(const wchar_t* parent) : m_class(parent) {}
+    AcRxClass* isA() const override { return m_class.Get(); }
+
+  private:
+    DerivedClass m_class;
+};
+
 /// Whether a second call asked the registry for exactly these, and a first one for these and the
 /// class before.
 CHILD_SCENARIO(CommandStackAsksForItsClassOnce) {
@@ -67,6 +95,14 @@ TEST(DynamicLinker, AnObjectOfAnotherClassOrNoneIsNull) {
     EXPECT_EQ(DynamicLinker(), nullptr);
 }
 
+TEST(DynamicLinker, AnObjectOfADerivedClassWillDo) {
+    FakeHost host;
+    Derived<FakeLinker> linker(L"AcRxDynamicLinker");
+    host.m_registry.m_entries = {{L"DynamicLinker", &linker}};
+
+    EXPECT_EQ(DynamicLinker(), &linker);
+}
+
 TEST(CommandStack, IsLookedUpAtEachUseItsClassOnce) {
     EXPECT_EQ(RunScenario(L"CommandStackAsksForItsClassOnce").exitCode, 0u);
 }
@@ -81,6 +117,14 @@ TEST(CommandStack, AnObjectOfAnotherClassIsNull) {
     EXPECT_EQ(CommandStack(), &host.m_commands);
     host.m_registry.m_entries[1].second = &host.m_linker;
     EXPECT_EQ(CommandStack(), nullptr);
+}
+
+TEST(CommandStack, AnObjectOfADerivedClassWillDo) {
+    FakeHost host;
+    Derived<FakeCommandStack> commands(L"AcEdCommandStack");
+    host.m_registry.m_entries[1].second = &commands;
+
+    EXPECT_EQ(CommandStack(), &commands);
 }
 
 TEST(DocManagerReactorClass, IsLookedUpOnce) {
