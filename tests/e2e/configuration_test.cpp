@@ -51,17 +51,32 @@ TEST(ConfigurationAtStart, AMalformedFileIsReplacedWithoutABackup) {
     EXPECT_EQ(std::distance(begin(files), end(files)), 2) << "config.xml and Support alone";
 }
 
-TEST(ConfigurationAtStart, AReadOnlyValidFileIsReadAndNotTouched) {
+TEST(ConfigurationAtStart, AValidFileIsReadAndNotTouched) {
     Installation installation;
     installation.EnableLog();
     const std::string before = ReadFileBytes(installation.ConfigPath());
-    SetFileAttributesW(installation.ConfigPath().c_str(), FILE_ATTRIBUTE_READONLY);
 
     const HostRun run = installation.Run({});
 
-    SetFileAttributesW(installation.ConfigPath().c_str(), FILE_ATTRIBUTE_NORMAL);
     EXPECT_TRUE(Started(run));
     EXPECT_EQ(ReadFileBytes(installation.ConfigPath()), before);
+    EXPECT_TRUE(std::filesystem::exists(installation.LogPath()));
+}
+
+TEST(ConfigurationAtStart, AFileThatCanOnlyBeReadWillDo) {
+    Installation installation;
+    installation.EnableLog();
+    SetFileAttributesW(installation.ConfigPath().c_str(), FILE_ATTRIBUTE_READONLY);
+    // The attribute stops nobody who runs as administrator; this stops every opening for writing.
+    const HANDLE reader = CreateFileW(installation.ConfigPath().c_str(), GENERIC_READ,
+                                      FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(reader, INVALID_HANDLE_VALUE);
+
+    const HostRun run = installation.Run({});
+
+    CloseHandle(reader);
+    SetFileAttributesW(installation.ConfigPath().c_str(), FILE_ATTRIBUTE_NORMAL);
+    EXPECT_TRUE(Started(run));
     EXPECT_TRUE(std::filesystem::exists(installation.LogPath()));
 }
 

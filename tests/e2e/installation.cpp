@@ -68,9 +68,10 @@ HostRun Installation::RunHost(const std::wstring& arguments, const std::wstring&
     ChildOptions options;
     options.directory = directory;
     options.input = ToUtf8(lines);
-    const ChildResult child = RunChild(Quoted(ProgramFolder() + L"\\drafthost.exe") +
-                                           L" --profile " + ProfileName() + L" " + arguments,
-                                       options);
+    const ChildResult child =
+        RunChild(Quoted(ProgramFolder() + L"\\drafthost.exe") + L" --strict --profile " +
+                     ProfileName() + L" " + arguments,
+                 options);
     HostRun run;
     run.exitCode = child.timedOut ? ~0ul : child.exitCode;
     run.console = FromUtf8(child.output);
@@ -107,6 +108,12 @@ std::wstring FromUtf8(const std::string& bytes) {
     MultiByteToWideChar(CP_UTF8, 0, bytes.data(), static_cast<int>(bytes.size()), text.data(),
                         size);
     return text;
+}
+
+std::wstring LispLiteral(std::wstring text) {
+    for (size_t at = 0; (at = text.find(L'\\', at)) != std::wstring::npos; at += 2)
+        text.insert(at, 1, L'\\');
+    return Quoted(text);
 }
 
 size_t Occurrences(const std::wstring& text, const std::wstring& part) {

@@ -44,8 +44,8 @@ class Installation {
     void EnableLog();
 
     /// Runs drafthost with the module, the drawings (none: one new drawing) and `lines` as its
-    /// input, under a profile of this installation's own, which lasts from run to run. `directory`
-    /// empty: the caller's.
+    /// input, under a profile of this installation's own, which lasts from run to run. An offence
+    /// of the module gives exit code 15. `directory` empty: the caller's.
     HostRun Run(const std::vector<std::wstring>& drawings, const std::wstring& lines = {},
                 const std::wstring& directory = {});
 
@@ -66,6 +66,9 @@ class Installation {
 
 /// Text of our own process's code page and UTF-8 as wide text.
 std::wstring FromUtf8(const std::string& bytes);
+
+/// `text` as LISP writes and prints it: in quotes, each backslash doubled.
+std::wstring LispLiteral(std::wstring text);
 
 /// How often `part` stands in `text`.
 size_t Occurrences(const std::wstring& text, const std::wstring& part);

@@ -51,6 +51,18 @@ TEST(Log, HoldsTheFourLinesOfTheStartAndOneForEachDrawing) {
               }));
 }
 
+TEST(Log, NamesTheApplicationThoughItIsMissing) {
+    Installation installation;
+    installation.EnableLog();
+    std::filesystem::remove(installation.LispPath());
+
+    installation.Run({installation.FirstDrawing()});
+
+    const std::vector<std::string> log = installation.LogMessages();
+    ASSERT_EQ(log.size(), 5u);
+    EXPECT_EQ(log[4], "加载lisp文件:" + Narrow(installation.LispPath()));
+}
+
 // Meant: the third line follows the registry read and not the probe.
 TEST(Log, SaysThatAMissingLocationExistsWhenTheRegistryNamesIt) {
     Installation installation;

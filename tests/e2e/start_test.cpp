@@ -119,14 +119,19 @@ TEST(Start, IsRefusedWithoutVersionAlthoughNothingElseNeedsIt) {
     ExpectRefused(run);
 }
 
-TEST(Start, IsRefusedWithoutTheKey) {
+TEST(Start, IsRefusedWithoutTheKeyAndBothTextsStayEmpty) {
     Installation installation;
     installation.Registry().DeleteKey();
     OwnDrive drive;
+    WriteFileBytes(OwnDrive::configPath, "<Config><EnableLog/></Config>");
 
     const HostRun run = installation.Run({}, {}, OwnDrive::root);
 
     ExpectRefused(run);
+    const std::vector<std::string> log = installation.LogMessages();
+    ASSERT_EQ(log.size(), 4u);
+    EXPECT_EQ(log[0], "读取 SOFTWARE\\Brennvik\\KVT CAD辅助设计软件\\Location = ");
+    EXPECT_EQ(log[1], "读取 SOFTWARE\\Brennvik\\KVT CAD辅助设计软件\\Version = ");
 }
 
 TEST(Start, LooksInThe32BitViewAlone) {
@@ -172,10 +177,19 @@ TEST(Start, ARefusedStartAtThePromptLeavesTheHostThere) {
     EXPECT_EQ(run.exitCode, 0u);
 }
 
-// Meant: any kind of path counts as present; the load of the configuration decides.
-TEST(Start, TakesAPlainFileForALocationAndIsRefusedOnlyByItsConfiguration) {
+// Meant: the module doesn't take its commands back; the host does so for it.
+TEST(Start, ARefusedStartLeavesTheCommandToTheHost) {
     Installation installation;
-    installation.EnableLog();
+    installation.Registry().SetLocation(installation.Folder() + L"\\elsewhere");
+
+    const HostRun run =
+        installation.RunHost(L"--verbose --load \"" + installation.ModulePath() + L"\"", {});
+
+    EXPECT_EQ(Occurrences(run.console, L"drafthost: dropped command KVTCAD/LoadKVT of "), 1u);
+}
+
+TEST(Start, IsRefusedWhenTheLocationIsAPlainFile) {
+    Installation installation;
     const std::wstring file = installation.Folder() + L"\\plain";
     WriteFileBytes(file, "a file");
     installation.Registry().SetLocation(file);
@@ -207,6 +221,7 @@ TEST(Start, APercentSignInTheVersionBecomesPartOfTheFormat) {
     EXPECT_EQ(Occurrences(run.console, L"《KVT CAD辅助设计软件》100% \n"), 1u);
 }
 
+// Meant: the Support directory is in no entry.
 TEST(Start, PutsTheInstallationAtTheHeadOfTheSearchPath) {
     Installation installation;
     const std::wstring entries =
@@ -217,8 +232,34 @@ TEST(Start, PutsTheInstallationAtTheHeadOfTheSearchPath) {
     installation.Run({});
 
     EXPECT_EQ(once.compare(0, entries.size(), entries), 0);
-    EXPECT_EQ(once.find(L"\\Support;" + installation.Location()), std::wstring::npos);
+    EXPECT_EQ(once.find(installation.Location() + L"\\Support"), std::wstring::npos);
     EXPECT_EQ(installation.Setting(L"ACAD"), once) << "a second start made the path grow";
+}
+
+TEST(Start, AddsOnlyTheEntriesThatTheSearchPathLacks) {
+    Installation installation;
+    const std::wstring second = installation.Location() + L";";
+    const std::wstring first = installation.Location() + L"\\R17x\\x64;";
+    struct Row {
+        const char* why;
+        std::wstring before;
+        std::wstring added;
+    };
+    const Row rows[] = {
+        {"neither: the one that is looked for later stands first", L"C:\\other", second + first},
+        {"the first only", first + L"C:\\other", second},
+        {"the second only", L"C:\\other;" + second, first},
+        {"the first as a last item without its semicolon",
+         L"C:\\other;" + first.substr(0, first.size() - 1), second + first},
+    };
+    for (const Row& row : rows) {
+        installation.RunHost({}, L"(setenv \"ACAD\" " + LispLiteral(row.before) + L")\n");
+        ASSERT_EQ(installation.Setting(L"ACAD"), row.before) << row.why;
+
+        installation.Run({});
+
+        EXPECT_EQ(installation.Setting(L"ACAD"), row.added + row.before) << row.why;
+    }
 }
 
 TEST(Start, ARefusedStartLeavesTheSearchPathAlone) {
