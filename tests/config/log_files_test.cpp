@@ -23,28 +23,38 @@ using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 using testing::StartsWith;
 
 namespace {
 
 class LogFiles : public LogTest {};
 
-int g_debugLines = 0;
+decltype(&CreateDirectoryW) g_createDirectory = nullptr;
 
-void WINAPI CountsDebugLines(const char* text) {
-    if (std::string(text).find("] 安装目录") != std::string::npos) ++g_debugLines;
+BOOL WINAPI TellsOfTheFolder(const wchar_t* path, SECURITY_ATTRIBUTES* security) {
+    const bool asWanted = path == WorkingFolder() + L"\\Logs" && security == nullptr;
+    std::printf(asWanted ? "creates Logs\n" : "creates something else\n");
+    return g_createDirectory(path, security);
+}
+
+void WINAPI TellsOfTheDebugger(const char* text) {
+    if (std::string(text).find("] 安装目录") != std::string::npos) std::printf("debugger\n");
 }
 
 }  // namespace
 
 CHILD_SCENARIO(WritesOneLine) {
     LoadModule();
-    const ImportHook<decltype(&OutputDebugStringA)> hook("KERNEL32.dll", "OutputDebugStringA",
-                                                         &CountsDebugLines);
-    SetUpLogging("KVTCAD");
+    const ImportHook<decltype(&CreateDirectoryW)> folder("KERNEL32.dll", "CreateDirectoryW",
+                                                         &TellsOfTheFolder);
+    g_createDirectory = folder.Original();
+    const ImportHook<decltype(&OutputDebugStringA)> debugger("KERNEL32.dll", "OutputDebugStringA",
+                                                             &TellsOfTheDebugger);
+    const std::wstring logs = SetUpLogging("KVTCAD");
     const CStringA narrowed(L"设计");
     LOG(INFO) << "安装目录 " << narrowed.GetString();
-    return g_debugLines;
+    return logs == WorkingFolder() + L"\\Logs" ? 0 : 1;
 }
 
 namespace {
@@ -54,29 +64,37 @@ class LogOfOneLine : public testing::Test {
   protected:
     static void SetUpTestSuite() {
         m_folder = std::make_unique<ModuleFolder>();
-        m_child = m_folder->Run(L"WritesOneLine");
+        m_first = m_folder->Run(L"WritesOneLine");
         m_firstBytes = ReadFileBytes(m_folder->InfoLog());
-        m_folder->Run(L"WritesOneLine");
+        m_second = m_folder->Run(L"WritesOneLine");
         m_lines = LinesOf(m_folder->InfoLog());
     }
     static void TearDownTestSuite() { m_folder.reset(); }
 
     static std::unique_ptr<ModuleFolder> m_folder;
-    static ChildResult m_child;               ///< the first run
+    static ChildResult m_first;
+    static ChildResult m_second;
     static std::string m_firstBytes;          ///< the file behind the first run
     static std::vector<std::string> m_lines;  ///< the file behind both
 };
 std::unique_ptr<ModuleFolder> LogOfOneLine::m_folder;
-ChildResult LogOfOneLine::m_child;
+ChildResult LogOfOneLine::m_first;
+ChildResult LogOfOneLine::m_second;
 std::string LogOfOneLine::m_firstBytes;
 std::vector<std::string> LogOfOneLine::m_lines;
 
 }  // namespace
 
 TEST_F(LogOfOneLine, MakesTheFolderBesideTheModuleAndOneFileInIt) {
+    EXPECT_EQ(m_first.exitCode, 0u) << "the folder is the result";
     EXPECT_THAT(NamesIn(m_folder->Path()), ElementsAre(L"KVTCAD.arx", L"Logs", L"temp"));
     EXPECT_THAT(NamesIn(m_folder->Logs()), ElementsAre(L"KVTCAD.INFO.log"));
     EXPECT_THAT(NamesIn(*m_folder / L"temp"), IsEmpty());
+}
+
+TEST_F(LogOfOneLine, CreatesTheFolderOnlyWhereThereIsNone) {
+    EXPECT_THAT(m_first.output, StartsWith("creates Logs\r\n"));
+    EXPECT_THAT(m_second.output, Not(HasSubstr("creates")));
 }
 
 TEST_F(LogOfOneLine, StartsWithTheHeaderOfTheLibrary) {
@@ -98,11 +116,11 @@ TEST_F(LogOfOneLine, IsInTheAnsiCodePageBehindItsPrefix) {
 }
 
 TEST_F(LogOfOneLine, GoesToStderrToo) {
-    EXPECT_EQ(WithNines(m_child.errors), infoPrefix + std::string("安装目录 设计\r\n"));
+    EXPECT_EQ(WithNines(m_first.errors), infoPrefix + std::string("安装目录 设计\r\n"));
 }
 
 TEST_F(LogOfOneLine, GoesToTheDebuggerToo) {
-    EXPECT_EQ(m_child.exitCode, 1u);
+    EXPECT_EQ(m_second.output, "debugger\r\n");
 }
 
 TEST_F(LogOfOneLine, IsAppendedToByASecondRun) {
@@ -111,6 +129,20 @@ TEST_F(LogOfOneLine, IsAppendedToByASecondRun) {
     ASSERT_EQ(m_lines.size(), 10u);
     EXPECT_THAT(m_lines[5], StartsWith("Log file created at: "));
     EXPECT_THAT(m_lines[9], HasSubstr("安装目录 设计"));
+}
+
+TEST_F(LogFiles, GoesOnWithoutALogWhenAPlainFileHasTheFoldersName) {
+    WriteFileBytes(m_folder.Logs(), "a file");
+
+    const ChildResult child = m_folder.Run(L"WritesOneLine");
+
+    EXPECT_EQ(child.exitCode, 0u);
+    EXPECT_THAT(child.output, StartsWith("creates Logs\r\n")) << "it is tried all the same";
+    EXPECT_EQ(ReadFileBytes(m_folder.Logs()), "a file");
+    EXPECT_THAT(NamesIn(m_folder.Path()), ElementsAre(L"KVTCAD.arx", L"Logs", L"temp"));
+    EXPECT_THAT(NamesIn(m_folder / L"temp"), IsEmpty());
+    EXPECT_THAT(child.errors, HasSubstr("COULD NOT CREATE"));
+    EXPECT_THAT(child.errors, HasSubstr("] 安装目录 设计")) << "stderr still gets the line";
 }
 
 CHILD_SCENARIO(WritesAllButFatal) {
@@ -151,33 +183,20 @@ TEST_F(LogFiles, WritesALineToTheFileOfItsSeverityAndOfAllLowerOnes) {
     EXPECT_THAT(lines[6], EndsWith(three));
 }
 
-CHILD_SCENARIO(WritesFatal) {
+CHILD_SCENARIO(WritesFatalUnderAnotherName) {
     LoadModule();
-    SetUpLogging("KVTCAD");
+    SetUpLogging("Other");
     LOG(FATAL) << "the end";
     return 0;
 }
 
-TEST_F(LogFiles, NamesTheFileOfFatalLinesLikeTheOthers) {
-    const ChildResult child = m_folder.Run(L"WritesFatal");
+TEST_F(LogFiles, TakesTheNameForTheFileOfEachSeverity) {
+    const ChildResult child = m_folder.Run(L"WritesFatalUnderAnotherName");
 
     EXPECT_NE(child.exitCode, 0u);
-    EXPECT_THAT(NamesIn(m_folder.Logs()), ElementsAre(L"KVTCAD.ERROR.log", L"KVTCAD.FATAL.log",
-                                                      L"KVTCAD.INFO.log", L"KVTCAD.WARNING.log"));
-    EXPECT_THAT(MessagesOf(m_folder / L"Logs\\KVTCAD.FATAL.log"), ElementsAre("the end"));
-}
-
-CHILD_SCENARIO(WritesUnderAnotherName) {
-    LoadModule();
-    SetUpLogging("Other");
-    LOG(INFO) << "one";
-    return 0;
-}
-
-TEST_F(LogFiles, TakesTheNameForTheFiles) {
-    m_folder.Run(L"WritesUnderAnotherName");
-
-    EXPECT_THAT(NamesIn(m_folder.Logs()), ElementsAre(L"Other.INFO.log"));
+    EXPECT_THAT(NamesIn(m_folder.Logs()), ElementsAre(L"Other.ERROR.log", L"Other.FATAL.log",
+                                                      L"Other.INFO.log", L"Other.WARNING.log"));
+    EXPECT_THAT(MessagesOf(m_folder / L"Logs\\Other.FATAL.log"), ElementsAre("the end"));
 }
 
 CHILD_SCENARIO(FindsTwoLines) {

@@ -3,6 +3,7 @@
 #include "support/temp_folder.h"
 
 #include <stdexcept>
+#include <string_view>
 
 PeFile::PeFile(const std::wstring& path) : m_bytes(ReadFileBytes(path)) {
     if (m_bytes.size() < 0x200 || m_bytes.compare(0, 2, "MZ") != 0) {
@@ -72,9 +73,9 @@ std::uint32_t PeFile::SymbolAddress(const std::string& name) const {
         std::memcpy(&symbol, symbols + index * IMAGE_SIZEOF_SYMBOL, sizeof symbol);
         index += symbol.NumberOfAuxSymbols;
         const char* shortName = reinterpret_cast<const char*>(symbol.N.ShortName);
-        const std::string found = symbol.N.Name.Short != 0
-                                      ? std::string(shortName, strnlen(shortName, 8))
-                                      : std::string(longNames + symbol.N.Name.Long);
+        const std::string_view found = symbol.N.Name.Short != 0
+                                           ? std::string_view(shortName, strnlen(shortName, 8))
+                                           : std::string_view(longNames + symbol.N.Name.Long);
         if (found == name && symbol.SectionNumber > 0) {
             return m_sections[static_cast<size_t>(symbol.SectionNumber) - 1].address + symbol.Value;
         }
