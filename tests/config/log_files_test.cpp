@@ -15,6 +15,7 @@
 #include <cstdio>
 #include <ctime>
 #include <filesystem>
+#include <fstream>
 #include <memory>
 #include <string>
 #include <vector>
@@ -238,8 +239,16 @@ TEST_F(LogFiles, GoesOnInTheSameFileAtTheSizeLimit) {
     m_folder.Run(L"WritesMoreThanAMebibyte");
 
     EXPECT_THAT(NamesIn(m_folder.Logs()), ElementsAre(L"KVTCAD.INFO.log"));
-    EXPECT_EQ(MessagesOf(m_folder.InfoLog()).size(), 40u);
-    EXPECT_EQ(CountOf(ReadFileBytes(m_folder.InfoLog()), "Log file created at: "), 2u);
+    // Line by line: a mebibyte in memory would slow down a run with the heap validated.
+    std::ifstream file(std::filesystem::path(m_folder.InfoLog()));
+    int lines = 0;
+    int headers = 0;
+    for (std::string line; std::getline(file, line);) {
+        if (line.rfind("[INFO ", 0) == 0) ++lines;
+        if (line.rfind("Log file created at: ", 0) == 0) ++headers;
+    }
+    EXPECT_EQ(lines, 40);
+    EXPECT_EQ(headers, 2);
 }
 
 namespace {
