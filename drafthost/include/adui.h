@@ -59,7 +59,6 @@ class DRAFTHOST_API CAdUiTabMainDialog : public CAdUiDialog {
 
     /// Tells the dialog its tab control, which isn't owned.
     void SetAcadTabPointer(CAdUiTab* tab);
-    CAdUiTab* GetAcadTabPointer() const { return m_tab; }
     /// As `CAdUiTab::AddTab`; -1 also when the dialog has no tab control.
     int AddTab(int index, LPCTSTR name, UINT templateId, CAdUiTabChildDialog* page);
 

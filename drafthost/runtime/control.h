@@ -38,6 +38,10 @@ DRAFTHOST_API void PrintLine(const std::wstring& line);
 /// Starts a new line unless the last text ended one.
 DRAFTHOST_API void StartNewLine();
 
+/// Writes a line to the process's standard error, past the command line: "drafthost: " and `line`.
+/// From any thread, also while another one hangs.
+DRAFTHOST_API void PrintError(const std::wstring& line);
+
 /// Tells the command line that the user's own Enter has ended the line.
 DRAFTHOST_API void MarkLineStart();
 
@@ -81,13 +85,16 @@ enum class LoadResult {
     Loaded,
     AlreadyLoaded,
     FileMissing,
-    NotLoaded,  ///< no library, an export missing, another generation, or one drawing too many
-    Refused,    ///< the module answered its start with `kRetError`, and was unloaded
+    /// No library, an export missing, another generation, one drawing too many, or the end of the
+    /// session has begun.
+    NotLoaded,
+    Refused,  ///< the module answered its start with `kRetError`, and was unloaded
 };
 
 /// Loads the module, starts it and sends it the open drawings. `file` without a folder is looked
-/// for along the search path; ".arx" is added to a name that isn't found without.
-DRAFTHOST_API LoadResult LoadModule(const std::wstring& file);
+/// for along the search path; ".arx" is added to a name that isn't found without. `problem` takes
+/// the line that tells a failure; null: the command line does.
+DRAFTHOST_API LoadResult LoadModule(const std::wstring& file, std::wstring* problem = nullptr);
 
 enum class UnloadResult {
     Unloaded,
@@ -116,8 +123,8 @@ enum class OpenResult {
 };
 
 /// Opens a drawing file and tells the modules. What the file holds isn't looked at. ".dwg" is added
-/// to a name that isn't found without.
-DRAFTHOST_API OpenResult OpenDrawing(const std::wstring& file);
+/// to a name that isn't found without. `problem` as for `LoadModule`.
+DRAFTHOST_API OpenResult OpenDrawing(const std::wstring& file, std::wstring* problem = nullptr);
 
 /// Opens a new drawing that is in no file: "Drawing1.dwg", "Drawing2.dwg" ...
 DRAFTHOST_API OpenResult NewDrawing();

@@ -44,12 +44,12 @@ AcRxClass* Register(const ACHAR* className, const ACHAR* parentClassName, HMODUL
     if (className == nullptr || *className == 0 || g_classes->has(className)) return nullptr;
     auto* descriptor = new AcRxClass(className, parentClassName);
     AcRxClassAccess::Of(*descriptor).owner = owner;
-    g_classes->atPut(className, descriptor);
+    g_classes->Enter(className, descriptor, owner);
     return descriptor;
 }
 
 void Delete(AcRxClass* descriptor) {
-    g_classes->remove(descriptor->name());
+    g_classes->TakeOut(descriptor->name());
     for (AcRxClass* other : AllClasses()) {
         AcRxClass*& parent = AcRxClassAccess::Of(*other).parent;
         if (parent == descriptor) parent = nullptr;

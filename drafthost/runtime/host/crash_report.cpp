@@ -2,6 +2,7 @@
 
 #include "runtime/host/module_call.h"
 
+#include <cstdarg>
 #include <cstdio>
 
 namespace drafthost {

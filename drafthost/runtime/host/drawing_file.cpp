@@ -1,18 +1,11 @@
 #include "runtime/host/drawing_file.h"
 
+#include "runtime/host/file_attributes.h"
 #include "runtime/host/full_path.h"
 
 #include <windows.h>
 
 namespace drafthost {
-
-namespace {
-
-bool Exists(const std::wstring& path) {
-    return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
-}
-
-}  // namespace
 
 OpenResult CheckDrawingFile(const std::wstring& file, std::wstring& path) {
     path = FullPath(file);

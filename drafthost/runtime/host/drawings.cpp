@@ -20,17 +20,36 @@ Document* FindDrawing(const std::wstring& name) {
     return nullptr;
 }
 
-OpenResult OpenDocument(const std::wstring& path) {
+OpenResult OpenDocument(const std::wstring& path, std::wstring& problem) {
     DocumentManager& documents = HostServices()->documents;
     const Module* single = ModuleTable::Instance().FindSingleDocumentModule();
     if (single != nullptr && !documents.Documents().empty()) {
-        PrintLine(path + L" can't be opened: " + single->name + L" works with one drawing only.");
+        problem = path + L" can't be opened: " + single->name + L" works with one drawing only.";
         return OpenResult::OneDrawingOnly;
     }
     documents.Create(path);
     ModuleTable::Instance().SendToAll(AcRx::kLoadDwgMsg);
     EvaluateQueues();
     return OpenResult::Opened;
+}
+
+OpenResult OpenFile(const std::wstring& file, std::wstring& problem) {
+    std::wstring path;
+    const OpenResult result = CheckDrawingFile(file, path);
+    if (result == OpenResult::FileMissing) {
+        problem = L"Drawing " + path + L" not found.";
+        return result;
+    }
+    if (result == OpenResult::Unreadable) {
+        problem = L"Drawing " + path + L" can't be read.";
+        return result;
+    }
+    if (Document* open = FindDrawing(path)) {
+        PrintLine(path + L" is open already.");
+        HostServices()->documents.Activate(*open);
+        return OpenResult::AlreadyOpen;
+    }
+    return OpenDocument(path, problem);
 }
 
 /// Functions of modules that `kUnloadDwgMsg` should have ended.
@@ -44,28 +63,24 @@ void ReportDefinitions(const Document& document) {
 
 }  // namespace
 
-OpenResult OpenDrawing(const std::wstring& file) {
-    std::wstring path;
-    const OpenResult result = CheckDrawingFile(file, path);
-    if (result == OpenResult::FileMissing) {
-        PrintLine(L"Drawing " + path + L" not found.");
-        return result;
+OpenResult OpenDrawing(const std::wstring& file, std::wstring* problem) {
+    std::wstring line;
+    const OpenResult result = OpenFile(file, line);
+    if (problem != nullptr) {
+        *problem = line;
+    } else if (!line.empty()) {
+        PrintLine(line);
     }
-    if (result == OpenResult::Unreadable) {
-        PrintLine(L"Drawing " + path + L" can't be read.");
-        return result;
-    }
-    if (Document* open = FindDrawing(path)) {
-        PrintLine(path + L" is open already.");
-        HostServices()->documents.Activate(*open);
-        return OpenResult::AlreadyOpen;
-    }
-    return OpenDocument(path);
+    return result;
 }
 
 OpenResult NewDrawing() {
     static int count = 0;
-    return OpenDocument(L"Drawing" + std::to_wstring(++count) + L".dwg");
+    std::wstring problem;
+    const OpenResult result =
+        OpenDocument(L"Drawing" + std::to_wstring(++count) + L".dwg", problem);
+    if (!problem.empty()) PrintLine(problem);
+    return result;
 }
 
 bool CloseDrawing() {

@@ -27,7 +27,7 @@ Module* OwnerOf(const wchar_t* service, const void* packet, const void* caller) 
 bool DynamicLinker::loadModule(const ACHAR* fileName, bool /*printit*/, bool /*asCmd*/) {
     if (!IsHostThread(L"AcRxDynamicLinker::loadModule")) return false;
     if (fileName == nullptr) return false;
-    const LoadResult result = ModuleTable::Instance().Load(fileName);
+    const LoadResult result = LoadModule(fileName);
     return result == LoadResult::Loaded || result == LoadResult::AlreadyLoaded;
 }
 

@@ -35,10 +35,7 @@ bool Invoke(const Document& document, HMODULE owner, int code) {
     }
     const Module* module = ModuleTable::Instance().FindImage(owner);
     if (module == nullptr) return false;
-    const std::wstring what = L"message kInvkSubrMsg (5), LISP function " + name;
-    return CallModule(owner, what.c_str(), [&] {
-               return module->entryPoint(AcRx::kInvkSubrMsg, const_cast<Module*>(module));
-           }) != AcRx::kRetError;
+    return Send(*module, AcRx::kInvkSubrMsg, L", LISP function " + name) != AcRx::kRetError;
 }
 
 }  // namespace

@@ -46,21 +46,26 @@ ModuleTable& ModuleTable::Instance() {
     return table;
 }
 
-AcRx::AppRetCode Send(const Module& module, AcRx::AppMsgCode code) {
-    const AcRx::AppRetCode answer = CallModule(module.handle, MessageText(code), [&] {
+AcRx::AppRetCode Send(const Module& module, AcRx::AppMsgCode code, const std::wstring& about) {
+    const std::wstring what = MessageText(code) + about;
+    const AcRx::AppRetCode answer = CallModule(module.handle, what.c_str(), [&] {
         return module.entryPoint(code, const_cast<Module*>(&module));
     });
     if (answer != AcRx::kRetOK && answer != AcRx::kRetError) {
-        ReportOffence(module.name, L"answer " + std::to_wstring(answer) + L" to " +
-                                       MessageText(code) + L", which is none of the return codes");
+        ReportOffence(module.name, L"answer " + std::to_wstring(answer) + L" to " + what +
+                                       L", which is none of the return codes");
     }
     return answer;
 }
 
-LoadResult ModuleTable::Load(const std::wstring& file) {
+LoadResult ModuleTable::Load(const std::wstring& file, std::wstring& problem) {
+    if (m_isEnding) {
+        problem = file + L" can't be loaded: the session is ending.";
+        return LoadResult::NotLoaded;
+    }
     const auto path = FindSupportFile(file, L".arx");
     if (!path) {
-        PrintLine(L"Module " + file + L" not found.");
+        problem = L"Module " + file + L" not found.";
         return LoadResult::FileMissing;
     }
     if (Find(*path) != nullptr) {
@@ -69,7 +74,7 @@ LoadResult ModuleTable::Load(const std::wstring& file) {
     }
     const ModuleLibrary library = LoadModuleLibrary(*path);
     if (!library.problem.empty()) {
-        PrintLine(*path + L" can't be loaded: " + library.problem);
+        problem = *path + L" can't be loaded: " + library.problem;
         return LoadResult::NotLoaded;
     }
     m_modules.push_back(std::make_unique<Module>());
@@ -78,10 +83,10 @@ LoadResult ModuleTable::Load(const std::wstring& file) {
     module.name = path->substr(path->rfind(L'\\') + 1);
     module.handle = library.handle;
     module.entryPoint = library.entryPoint;
-    return Start(module);
+    return Start(module, problem);
 }
 
-LoadResult ModuleTable::Start(Module& module) {
+LoadResult ModuleTable::Start(Module& module, std::wstring& problem) {
     const std::wstring path = module.path;
     if (Send(module, AcRx::kInitAppMsg) == AcRx::kRetError) {
         StartNewLine();
@@ -89,13 +94,13 @@ LoadResult ModuleTable::Start(Module& module) {
             PrintNote(
                 std::wstring(L"drafthost: dropped ").append(leftover).append(L" of ").append(path));
         }
-        PrintLine(path +
-                  L" refused to start: its answer to kInitAppMsg was kRetError. It was unloaded.");
+        problem =
+            path + L" refused to start: its answer to kInitAppMsg was kRetError. It was unloaded.";
         return LoadResult::Refused;
     }
     if (!module.isMultiDocument && HostServices()->documents.Documents().size() > 1) {
-        PrintLine(path +
-                  L" can't be loaded while several drawings are open: it works with one only.");
+        problem =
+            path + L" can't be loaded while several drawings are open: it works with one only.";
         Stop(module);
         return LoadResult::NotLoaded;
     }
@@ -157,8 +162,15 @@ Module* ModuleTable::FindImage(HMODULE handle) {
 }
 
 void ModuleTable::SendToAll(AcRx::AppMsgCode code) {
-    for (std::size_t index = 0; index < m_modules.size(); ++index)
-        Send(*m_modules[index], code);
+    // A module may load or unload others meanwhile. One that comes gets its own messages; one that
+    // has gone mustn't get any.
+    std::vector<std::pair<const Module*, HMODULE>> receivers;
+    for (const auto& module : m_modules)
+        receivers.emplace_back(module.get(), module->handle);
+    for (const auto& [packet, handle] : receivers) {
+        const Module* module = FindPacket(packet);
+        if (module != nullptr && module->handle == handle) Send(*module, code);
+    }
 }
 
 const Module* ModuleTable::FindSingleDocumentModule() const {
@@ -169,9 +181,13 @@ const Module* ModuleTable::FindSingleDocumentModule() const {
 }
 
 void ModuleTable::UnloadAll() {
-    for (std::size_t index = m_modules.size(); index > 0; --index) {
-        Module& module = *m_modules[index - 1];
-        if (module.isUnlocked) Stop(module);
+    m_isEnding = true;
+    const auto isUnlocked = [](const auto& module) { return module->isUnlocked; };
+    // Looked for anew each time: a module may unload others at its end.
+    for (;;) {
+        const auto newest = std::find_if(m_modules.rbegin(), m_modules.rend(), isUnlocked);
+        if (newest == m_modules.rend()) return;
+        Stop(**newest);
     }
 }
 

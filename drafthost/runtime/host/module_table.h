@@ -29,9 +29,8 @@ class ModuleTable {
   public:
     static ModuleTable& Instance();
 
-    /// Loads and starts the module, and sends it the open drawings. Says on the command line what
-    /// went wrong.
-    LoadResult Load(const std::wstring& file);
+    /// Loads and starts the module, and sends it the open drawings. `problem` tells a failure.
+    LoadResult Load(const std::wstring& file, std::wstring& problem);
 
     /// `name` is a full path or a file name, with or without ".arx", in any case.
     UnloadResult Unload(const std::wstring& name);
@@ -49,23 +48,25 @@ class ModuleTable {
     const Module* FindSingleDocumentModule() const;
 
     /// For the end of the session: unloads what may be unloaded, the newest first. The others stay
-    /// until the process ends.
+    /// until the process ends. From here on none is loaded any more.
     void UnloadAll();
 
     const std::vector<std::unique_ptr<Module>>& Modules() const { return m_modules; }
 
   private:
     Module* Find(const std::wstring& name);
-    LoadResult Start(Module& module);
+    LoadResult Start(Module& module, std::wstring& problem);
     /// Ends and removes a module that was started.
     void Stop(Module& module);
     /// Frees the library and what it left behind; gives a text for each leftover.
     std::vector<std::wstring> Remove(Module& module);
 
     std::vector<std::unique_ptr<Module>> m_modules;
+    bool m_isEnding = false;  ///< `UnloadAll` has begun
 };
 
-/// Sends the module a message; its answer is given back as it is.
-AcRx::AppRetCode Send(const Module& module, AcRx::AppMsgCode code);
+/// Sends the module a message; its answer is given back as it is, and is an offence when it is none
+/// of the return codes. `about` stands behind the message's name in reports.
+AcRx::AppRetCode Send(const Module& module, AcRx::AppMsgCode code, const std::wstring& about = {});
 
 }  // namespace drafthost

@@ -22,9 +22,9 @@ const Services& g_madeAtLoad = TheServices();
 
 Services::Services() {
     RegisterHostClasses(classes);
-    registry.atPut(L"ClassDictionary", &classes);
-    registry.atPut(L"DynamicLinker", &linker);
-    registry.atPut(L"ACAD_REGISTERED_COMMANDS", &commands);
+    registry.Enter(L"ClassDictionary", &classes, nullptr);
+    registry.Enter(L"DynamicLinker", &linker, nullptr);
+    registry.Enter(L"ACAD_REGISTERED_COMMANDS", &commands, nullptr);
 }
 
 Services* HostServices() {

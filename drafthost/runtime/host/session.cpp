@@ -27,8 +27,15 @@ void ShutDownHost() {
     ExpectProcessEnd();
 }
 
-LoadResult LoadModule(const std::wstring& file) {
-    return ModuleTable::Instance().Load(file);
+LoadResult LoadModule(const std::wstring& file, std::wstring* problem) {
+    std::wstring line;
+    const LoadResult result = ModuleTable::Instance().Load(file, line);
+    if (problem != nullptr) {
+        *problem = line;
+    } else if (!line.empty()) {
+        PrintLine(line);
+    }
+    return result;
 }
 
 UnloadResult UnloadModule(const std::wstring& name) {

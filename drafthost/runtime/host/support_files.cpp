@@ -1,23 +1,13 @@
 #include "runtime/host/support_files.h"
 
+#include "runtime/host/file_attributes.h"
 #include "runtime/host/full_path.h"
 #include "runtime/host/search_path.h"
 #include "runtime/host/services.h"
 
 #include "runtime/control.h"
 
-#include <windows.h>
-
 namespace drafthost {
-
-namespace {
-
-bool IsFile(const std::wstring& path) {
-    const DWORD attributes = GetFileAttributesW(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
-}
-
-}  // namespace
 
 std::optional<std::wstring> FindSupportFile(const std::wstring& name,
                                             const std::wstring& extension) {

@@ -10,22 +10,24 @@ namespace drafthost {
 
 namespace {
 
-/// The process's standard output, for programs that set no output of their own: text as it is to a
-/// console window, else UTF-8.
+/// Text as it is to a console window, else UTF-8.
+void WriteTo(DWORD standardHandle, const std::wstring& text) {
+    const HANDLE handle = GetStdHandle(standardHandle);
+    DWORD mode = 0;
+    DWORD written = 0;
+    // Results ignored: there is nowhere to complain.
+    if (GetConsoleMode(handle, &mode)) {
+        WriteConsoleW(handle, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
+    } else {
+        const std::string bytes = Utf8OfText(text);
+        WriteFile(handle, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+    }
+}
+
+/// The process's standard output, for programs that set no output of their own.
 class StandardOutput : public TextOutput {
   public:
-    void Write(const std::wstring& text) override {
-        const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
-        DWORD mode = 0;
-        DWORD written = 0;
-        // Results ignored: there is nowhere to complain.
-        if (GetConsoleMode(output, &mode)) {
-            WriteConsoleW(output, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
-        } else {
-            const std::string bytes = Utf8OfText(text);
-            WriteFile(output, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
-        }
-    }
+    void Write(const std::wstring& text) override { WriteTo(STD_OUTPUT_HANDLE, text); }
 };
 
 std::recursive_mutex g_mutex;
@@ -71,6 +73,10 @@ void PrintLine(const std::wstring& line) {
     const std::lock_guard lock(g_mutex);
     StartNewLine();
     Print(line + L"\n");
+}
+
+void PrintError(const std::wstring& line) {
+    WriteTo(STD_ERROR_HANDLE, L"drafthost: " + line + L"\n");
 }
 
 void PrintNote(const std::wstring& line) {

@@ -3,6 +3,8 @@
 #include "runtime/lisp/function_tables.h"
 #include "runtime/lisp/number_text.h"
 
+#include <algorithm>
+
 namespace drafthost {
 
 namespace {

@@ -107,7 +107,34 @@ void ShowWindowOfOwn() {
                                   nullptr, nullptr, nullptr, nullptr));
 }
 
+std::wstring BesideThis(const std::wstring& file) {
+    wchar_t path[MAX_PATH] = {};
+    GetModuleFileNameW(GetModuleHandleW(L"misbehaving.arx"), path, MAX_PATH);
+    const std::wstring own = path;
+    return own.substr(0, own.rfind(L'\\') + 1) + file;
+}
+
+bool LoadRecorder() {
+    return Linker()->loadModule(BesideThis(L"recorder.arx").c_str(), false);
+}
+
+/// Tells what the linker answers to one call after the other.
+void UseLinker() {
+    std::wstring answers;
+    const auto note = [&](bool answer) { answers += answer ? L" yes" : L" no"; };
+    note(LoadRecorder());
+    note(LoadRecorder());
+    note(Linker()->loadModule(L"C:\\nothing.arx", false));
+    note(Linker()->loadModule(nullptr, false));
+    note(Linker()->unloadModule(L"nothing.arx"));
+    note(Linker()->unloadModule(nullptr));
+    note(Linker()->unloadModule(L"recorder.arx"));
+    note(Linker()->unloadModule(L"recorder.arx"));
+    acutPrintf(L"\nthe linker answers:%s", answers.c_str());
+}
+
 void Command() {
+    if (Is(L"use linker")) UseLinker();
     if (Is(L"crash in window") || Is(L"throw in window")) ShowWindowOfOwn();
     if (Is(L"crash in command")) WriteToNull();
     if (Is(L"throw in command")) throw std::out_of_range("from a command");
@@ -125,6 +152,12 @@ void Start(void* packet) {
     if (Is(L"leave reactor") || Is(L"crash in reactor")) acDocManagerPtr()->addReactor(&g_reactor);
     if (Is(L"leave class")) newAcRxClass(L"LeftClass", L"AcRxObject");
     if (Is(L"leave entry")) acrxSysRegistry()->atPut(L"LeftEntry", &g_entry);
+    if (Is(L"overwrite linker")) acrxSysRegistry()->atPut(L"DynamicLinker", &g_entry);
+    if (Is(L"remove linker")) acrxSysRegistry()->remove(L"DynamicLinker");
+    if (Is(L"lend entry")) {
+        AcRxObject* before = acrxSysRegistry()->atPut(L"DynamicLinker", &g_entry);
+        acrxSysRegistry()->atPut(L"DynamicLinker", before);
+    }
     if (Is(L"add twice")) {
         acDocManagerPtr()->addReactor(&g_reactor);
         acDocManagerPtr()->addReactor(&g_reactor);
@@ -145,6 +178,7 @@ void OpenDrawing() {
     if (Is(L"crash in kLoadDwgMsg")) WriteToNull();
     if (Is(L"throw in kLoadDwgMsg")) throw std::runtime_error("in the drawing");
     if (Is(L"throw int")) throw 42;
+    if (Is(L"load in kLoadDwgMsg")) LoadRecorder();
     if (Is(L"stack overflow")) Recurse(0);
     if (Is(L"division")) Divide();
     if (Is(L"exit")) std::exit(0);
@@ -161,6 +195,8 @@ void CloseDrawing() {
 
 void Stop() {
     if (Is(L"crash in kUnloadAppMsg")) WriteToNull();
+    if (Is(L"unload another")) Linker()->unloadModule(L"recorder.arx");
+    if (Is(L"load at the end")) LoadRecorder();
     if (!Is(L"leave command")) Commands()->removeGroup(L"BAD");
     if (Is(L"crash in reactor")) acDocManagerPtr()->removeReactor(&g_reactor);
 }
@@ -183,6 +219,10 @@ AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* packet) {
             break;
         case AcRx::kInvkSubrMsg:
             if (Is(L"crash in kInvkSubrMsg")) WriteToNull();
+            if (Is(L"unknown answer to a call")) return static_cast<AcRx::AppRetCode>(7);
+            break;
+        case AcRx::kPreQuitMsg:
+            if (Is(L"unload in kPreQuitMsg")) Linker()->unloadModule(L"recorder.arx");
             break;
         case AcRx::kQuitMsg:
             if (Is(L"crash in kQuitMsg")) WriteToNull();

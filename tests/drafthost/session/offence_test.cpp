@@ -41,6 +41,9 @@ INSTANTIATE_TEST_SUITE_P(
         Row{L"leave reactor", L"document reactor left behind when it was unloaded\n"},
         Row{L"leave class", L"class LeftClass left behind when it was unloaded\n"},
         Row{L"leave entry", L"system registry entry LeftEntry left behind when it was unloaded\n"},
+        Row{L"overwrite linker",
+            L"AcRxDictionary::atPut over the host's own entry DynamicLinker\n"},
+        Row{L"remove linker", L"AcRxDictionary::remove of the host's own entry DynamicLinker\n"},
         Row{L"push",
             L"pushResourceHandle without popResourceHandle during message kLoadDwgMsg (3)\n"},
         Row{L"pop", L"popResourceHandle without a push\n"},
@@ -52,7 +55,10 @@ INSTANTIATE_TEST_SUITE_P(
         Row{L"delete host's", L"deleteAcRxClass of the host's own class AcEdCommandStack\n"},
         Row{L"thread", L"acutPrintf called on thread "},
         Row{L"unknown answer",
-            L"answer 7 to message kLoadDwgMsg (3), which is none of the return codes\n"}));
+            L"answer 7 to message kLoadDwgMsg (3), which is none of the return codes\n"},
+        Row{L"unknown answer to a call",
+            L"answer 7 to message kInvkSubrMsg (5), LISP function bad, which is none of the return "
+            L"codes\n"}));
 
 TEST(Offence, OfAGoodModuleThereIsNone) {
     const HostRun run(LoadOption(L"misbehaving") + L" --strict", wholeLife);
@@ -112,6 +118,29 @@ TEST(Offence, ALeftReactorIsNotCalledAnyMore) {
     const HostRun run(LoadOption(L"misbehaving"), L"UNLOAD misbehaving\nNEW\nCLOSE\nQUIT\n");
 
     EXPECT_EQ(run.Code(), ExitCode::Success);
+}
+
+TEST(Offence, TheHostsOwnEntriesAreThereAgainBehindAModuleThatTookThem) {
+    for (const wchar_t* misdeed : {L"overwrite linker", L"remove linker"}) {
+        const Misdeed taken(misdeed);
+
+        const HostRun run(LoadOption(L"misbehaving"), L"UNLOAD misbehaving\nAPPLOAD \"" +
+                                                          ModulePath(L"recorder") +
+                                                          L"\"\nUNLOAD recorder\nRecHello\nQUIT\n");
+
+        EXPECT_EQ(run.Code(), ExitCode::Success) << testing::PrintToString(misdeed);
+        EXPECT_TRUE(run.HasLine(ModulePath(L"recorder") + L" unloaded."))
+            << "the host's linker took its word that it may go";
+    }
+}
+
+TEST(Offence, AnEntryThatIsPutBackIsNotLeftBehind) {
+    const Misdeed misdeed(L"lend entry");
+
+    const HostRun run(LoadOption(L"misbehaving") + L" --verbose", L"UNLOAD misbehaving\nQUIT\n");
+
+    EXPECT_THAT(run.Output(), HasSubstr(L"over the host's own entry DynamicLinker\n"));
+    EXPECT_THAT(run.Output(), Not(HasSubstr(L"left behind")));
 }
 
 TEST(Offence, ACallFromAThreadIsRefused) {
