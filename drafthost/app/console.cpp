@@ -24,6 +24,13 @@ ExitCode CodeOf(LoadResult result) {
     return ExitCode::InternalError;
 }
 
+/// What is wrong with the command line isn't part of the transcript.
+ExitCode Failed(ExitCode code, const std::wstring& problem) {
+    StartNewLine();
+    PrintError(problem);
+    return code;
+}
+
 bool IsOpen(OpenResult result) {
     return result == OpenResult::Opened || result == OpenResult::AlreadyOpen;
 }
@@ -43,16 +50,17 @@ void Console::AddSource(std::unique_ptr<LineSource> source) {
 }
 
 ExitCode Console::Begin() {
+    std::wstring problem;
     for (const std::wstring& module : m_options.modules) {
-        const ExitCode code = CodeOf(LoadModule(module));
-        if (code != ExitCode::Success) return code;
+        const ExitCode code = CodeOf(LoadModule(module, &problem));
+        if (code != ExitCode::Success) return Failed(code, problem);
     }
     if (m_options.drawings.empty()) {
         NewDrawing();  // Nothing is open yet, so it can't be one too many.
         return ExitCode::Success;
     }
     for (const std::wstring& drawing : m_options.drawings) {
-        if (!IsOpen(OpenDrawing(drawing))) return ExitCode::FileMissing;
+        if (!IsOpen(OpenDrawing(drawing, &problem))) return Failed(ExitCode::FileMissing, problem);
     }
     return ExitCode::Success;
 }

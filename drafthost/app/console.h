@@ -20,7 +20,8 @@ class Console : private LineInput {
 
     void AddSource(std::unique_ptr<LineSource> source);
 
-    /// Loads the modules and opens the drawings of the command line; stops at the first failure.
+    /// Loads the modules and opens the drawings of the command line; stops at the first failure,
+    /// which is told on the standard error.
     ExitCode Begin();
 
     /// Reads and runs lines until QUIT or the end of the last source.

@@ -1,5 +1,6 @@
 #include "app/console.h"
 #include "app/console_line.h"
+#include "runtime/host/command_name.h"
 
 namespace drafthost {
 
@@ -33,10 +34,9 @@ const Console::OwnCommand Console::g_ownCommands[] = {
 
 bool Console::ExecuteCommand(const std::wstring& line) {
     const CommandLine split = SplitCommandLine(line);
+    const std::wstring name = WithoutCommandMarks(split.word);
     for (const OwnCommand& command : g_ownCommands) {
-        if (split.word == command.name || split.word == std::wstring(L"_") + command.name) {
-            return (this->*command.run)(split.rest);
-        }
+        if (name == command.name) return (this->*command.run)(split.rest);
     }
     return ExecuteModuleCommands(line);
 }

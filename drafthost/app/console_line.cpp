@@ -1,5 +1,6 @@
 #include "app/console_line.h"
 
+#include <algorithm>
 #include <cwctype>
 
 namespace drafthost {

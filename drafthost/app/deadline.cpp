@@ -29,12 +29,7 @@ void Deadline::Disarm() {
 }
 
 void CALLBACK Deadline::OnExpired(PTP_CALLBACK_INSTANCE, void* deadline, PTP_TIMER) {
-    const std::string text = EncodeText(
-        L"\ndrafthost: " + std::wstring(static_cast<Deadline*>(deadline)->m_complaint) + L"\n");
-    DWORD written = 0;
-    // Result ignored: the exit code tells it too.
-    WriteFile(GetStdHandle(STD_ERROR_HANDLE), text.data(), static_cast<DWORD>(text.size()),
-              &written, nullptr);
+    PrintError(static_cast<Deadline*>(deadline)->m_complaint);
     TerminateProcess(GetCurrentProcess(), static_cast<UINT>(ExitCode::DialogFailed));
 }
 

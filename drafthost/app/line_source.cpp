@@ -2,6 +2,7 @@
 
 #include "runtime/control.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -62,7 +63,10 @@ std::optional<std::wstring> StandardInput::NextTypedLine() {
     wchar_t buffer[256];
     DWORD count = 0;
     do {
+        SetLastError(ERROR_SUCCESS);
         if (!ReadConsoleW(m_input, buffer, 256, &count, nullptr)) return {};
+        // Ctrl+C ends the reading without a character, and that isn't the end of the input.
+        if (count == 0 && GetLastError() == ERROR_OPERATION_ABORTED) return L"";
         line.append(buffer, count);
     } while (count > 0 && line.back() != L'\n');
     if (line.empty() || line[0] == endOfTyping) return {};

@@ -33,7 +33,8 @@ class TextLines : public LineSource {
 };
 
 /// The standard input: a console window, or UTF-8 bytes from a pipe or a file, read as they come.
-/// A line that isn't valid UTF-8 is taken to be in the ANSI code page.
+/// A line that isn't valid UTF-8 is taken to be in the ANSI code page. Ctrl+C at a console makes
+/// the line an empty one.
 class StandardInput : public LineSource {
   public:
     StandardInput();

@@ -2,39 +2,22 @@
 
 #include "app/console.h"
 #include "app/dialog_attendant.h"
+#include "app/internal_error.h"
+#include "app/interruption.h"
 
 #include <windows.h>
 
-#include <cstdlib>
-#include <exception>
 #include <filesystem>
+#include <memory>
 #include <optional>
+#include <string>
+#include <vector>
 
 using drafthost::Console;
 using drafthost::ExitCode;
 using drafthost::Options;
 
 namespace {
-
-void WriteTo(DWORD standardHandle, const std::wstring& text) {
-    const HANDLE handle = GetStdHandle(standardHandle);
-    DWORD mode = 0;
-    DWORD written = 0;
-    // Results ignored: there is nowhere to complain.
-    if (GetConsoleMode(handle, &mode)) {
-        WriteConsoleW(handle, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
-    } else {
-        const std::string bytes = drafthost::EncodeText(text);
-        WriteFile(handle, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
-    }
-}
-
-/// Ctrl+C ends a running evaluation; at the prompt nothing runs, and it does nothing.
-BOOL WINAPI OnControlEvent(DWORD event) {
-    if (event != CTRL_C_EVENT) return FALSE;
-    drafthost::InterruptEvaluation();
-    return TRUE;
-}
 
 /// Adds the sources that the options name; gives the script that can't be read, or empty.
 std::wstring AddSources(Console& console, const Options& options) {
@@ -63,21 +46,19 @@ ExitCode RunSession(const Options& options) {
     Console console(options);
     const std::wstring missing = AddSources(console, options);
     if (!missing.empty()) {
-        WriteTo(STD_ERROR_HANDLE, L"drafthost: the script " + missing + L" can't be read.\n");
+        drafthost::PrintError(L"the script " + missing + L" can't be read.");
         return ExitCode::FileMissing;
     }
     const auto pictureFolder = MakePictureFolder(options.pictureFolder);
     if (!pictureFolder) {
-        WriteTo(STD_ERROR_HANDLE,
-                L"drafthost: the folder " + options.pictureFolder + L" can't be made.\n");
+        drafthost::PrintError(L"the folder " + options.pictureFolder + L" can't be made.");
         return ExitCode::FileMissing;
     }
     if (!drafthost::StartHost({options.profile, options.isVerbose})) {
-        WriteTo(STD_ERROR_HANDLE,
-                L"drafthost: " + options.profile + L" is no name of a profile.\n");
+        drafthost::PrintError(options.profile + L" is no name of a profile.");
         return ExitCode::UsageError;
     }
-    SetConsoleCtrlHandler(OnControlEvent, TRUE);
+    SetConsoleCtrlHandler(drafthost::OnControlEvent, TRUE);
     const drafthost::DialogAttendant attendant({*pictureFolder, options.answer,
                                                 [&] { return console.IsLineTyped(); },
                                                 options.dialogDeadline});
@@ -89,19 +70,22 @@ ExitCode RunSession(const Options& options) {
     return code == ExitCode::Success && hasOffended ? ExitCode::ModuleOffended : code;
 }
 
+ExitCode RunProgram(const std::vector<std::wstring>& arguments) {
+    const auto parsed = drafthost::ParseOptions(arguments);
+    if (parsed.isToRun) return RunSession(parsed.options);
+    if (parsed.exitCode == ExitCode::Success) {
+        drafthost::Print(parsed.text);
+    } else {
+        drafthost::PrintError(parsed.text);
+    }
+    return parsed.exitCode;
+}
+
 }  // namespace
 
 int wmain(int argc, wchar_t** argv) {
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX);
-    try {
-        const auto parsed = drafthost::ParseOptions({argv + 1, argv + argc});
-        if (parsed.isToRun) return static_cast<int>(RunSession(parsed.options));
-        const bool isError = parsed.exitCode != ExitCode::Success;
-        WriteTo(isError ? STD_ERROR_HANDLE : STD_OUTPUT_HANDLE, parsed.text);
-        return static_cast<int>(parsed.exitCode);
-    } catch (const std::exception& exception) {
-        WriteTo(STD_ERROR_HANDLE,
-                L"drafthost: internal error: " + drafthost::DecodeText(exception.what()) + L"\n");
-        return static_cast<int>(ExitCode::InternalError);
-    }
+    return static_cast<int>(drafthost::RunAndTellInternalErrors([&] {
+        return RunProgram({argv + 1, argv + argc});
+    }));
 }

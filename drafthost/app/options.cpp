@@ -23,7 +23,8 @@ Exit codes:
    0  the session ended by QUIT or the end of the input
    1  an error of drafthost's own
   10  wrong usage of the command line
-  11  a module, drawing or script named there is missing or can't be opened
+  11  a module, drawing or script named there is missing or can't be opened; also a second
+      drawing beside a module that works with one only
   12  a module named there can't be loaded: no library, an export missing, another generation
   13  a module named there refused to start
   14  a module crashed, or ended the process
@@ -111,8 +112,7 @@ ParsedOptions ParseOptions(const std::vector<std::wstring>& arguments) {
         parsed.text = DecodeText(version.what()) + L"\n";
         return parsed;
     } catch (const CLI::ParseError& error) {
-        parsed.text = L"drafthost: " + DecodeText(error.what()) +
-                      L"\nRun drafthost --help for the options.\n";
+        parsed.text = DecodeText(error.what()) + L"\nRun drafthost --help for the options.";
         parsed.exitCode = ExitCode::UsageError;
         return parsed;
     }

@@ -29,7 +29,7 @@ struct Options {
 struct ParsedOptions {
     bool isToRun = false;
     Options options;
-    std::wstring text;  ///< help, version or what is wrong; for the standard error unless Success
+    std::wstring text;  ///< help or version; unless Success what is wrong, without an end of line
     ExitCode exitCode = ExitCode::Success;
 };
 

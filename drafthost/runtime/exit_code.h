@@ -7,7 +7,7 @@ enum class ExitCode : unsigned {
     Success = 0,
     InternalError = 1,     ///< drafthost's own fault
     UsageError = 10,       ///< the command line
-    FileMissing = 11,      ///< a module, drawing or script named there
+    FileMissing = 11,      ///< a module, drawing or script named there; a drawing too many
     ModuleNotLoaded = 12,  ///< no library, an export missing, another generation
     ModuleRefused = 13,    ///< the module answered its start with kRetError
     ModuleCrashed = 14,    ///< an exception left a module, or a module ended the process

@@ -59,14 +59,14 @@ TEST(Console, AMissingFileOfTheCommandLineHasItsOwnCode) {
         {L"--load C:\\缺.arx", L"Module C:\\缺.arx not found."},
         {L"--open C:\\缺.dwg", L"Drawing C:\\缺.dwg not found."},
         {L"--open C:\\windows", L"Drawing C:\\windows can't be read."},
-        {L"--script C:\\缺.scr", L"drafthost: the script C:\\缺.scr can't be read."},
+        {L"--script C:\\缺.scr", L"the script C:\\缺.scr can't be read."},
     };
     for (const Row& row : rows) {
         const HostRun run(row.options, L"QUIT\n");
 
         EXPECT_EQ(run.Code(), ExitCode::FileMissing) << testing::PrintToString(row.options);
-        EXPECT_THAT(run.Output() + run.Errors(), HasSubstr(std::wstring(row.message) + L"\n"));
-        EXPECT_THAT(run.Output(), Not(HasSubstr(L"Command: ")));
+        EXPECT_EQ(run.Errors(), L"drafthost: " + std::wstring(row.message) + L"\n");
+        EXPECT_EQ(run.Output(), L"");
     }
 }
 
@@ -170,6 +170,15 @@ TEST(Console, HelpNamesTheHostsAndTheModulesCommands) {
          {L"APPLOAD", L"CLOSE", L"ENV", L"HELP", L"LIST", L"NEW", L"OPEN", L"QUIT", L"SWITCH",
           L"UNLOAD", L"Command of a module: RecHello (招呼)", L"Command of a module: RecSession"}) {
         EXPECT_THAT(run.Output(), HasSubstr(L"\n" + std::wstring(name)));
+    }
+}
+
+TEST(Console, OwnCommandsGoWithTheMarksOfACommand) {
+    for (const wchar_t* typed : {L"_.LIST", L"'LIST", L".list", L"'_.List"}) {
+        const HostRun run(L"", std::wstring(typed) + L"\nQUIT\n");
+
+        EXPECT_EQ(run.Shown(typed), L"Drawing in front: Drawing1.dwg")
+            << testing::PrintToString(typed);
     }
 }
 

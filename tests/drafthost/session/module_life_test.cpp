@@ -144,6 +144,62 @@ TEST(ModuleLife, AModuleCantBeUnloadedWhileItRuns) {
     EXPECT_EQ(run.Code(), ExitCode::Success);
 }
 
+TEST(ModuleLife, AModuleMayLoadAndUnloadAnother) {
+    const Misdeed misdeed(L"use linker");
+
+    const HostRun run(LoadOption(L"misbehaving") + L" --strict", L"bad\nRecHello\nQUIT\n");
+
+    EXPECT_TRUE(run.HasLine(L"the linker answers: yes yes no no no no yes no"))
+        << "loaded, loaded already, missing, none; none of that name, none, unloaded, gone";
+    ExpectInOrder(Record(run), {L"[kInitAppMsg Drawing1.dwg]", L"[kLoadDwgMsg Drawing1.dwg]",
+                                L"[kUnloadDwgMsg Drawing1.dwg]", L"[kUnloadAppMsg Drawing1.dwg]"});
+    EXPECT_THAT(run.Output(), HasSubstr(L"Unknown command \"RecHello\""));
+    EXPECT_EQ(run.Code(), ExitCode::Success);
+}
+
+TEST(ModuleLife, AModuleMayUnloadAnotherAtItsEnd) {
+    const Misdeed misdeed(L"unload another");
+
+    const HostRun run(LoadOption(L"recorder") + LoadOption(L"misbehaving"), L"QUIT\n");
+
+    EXPECT_TRUE(run.HasLine(ModulePath(L"recorder") + L" unloaded."));
+    EXPECT_EQ(run.Code(), ExitCode::Success) << run.Errors();
+}
+
+TEST(ModuleLife, AModuleUnloadedAheadOfItsTurnHidesNoOtherFromAMessage) {
+    const Misdeed misdeed(L"unload in kPreQuitMsg");
+    const TempFolder folder;
+    CopyFileW(ModulePath(L"recorder").c_str(), (folder / L"second.arx").c_str(), FALSE);
+
+    const HostRun run(LoadOption(L"recorder") + LoadOption(L"misbehaving") + L"--load \"" +
+                          (folder / L"second.arx") + L"\"",
+                      L"QUIT\n");
+
+    const std::wstring record = Record(run);
+    EXPECT_NE(record.find(L"[kPreQuitMsg"), record.rfind(L"[kPreQuitMsg"))
+        << "the first module and the last one each have it";
+    EXPECT_EQ(run.Code(), ExitCode::Success);
+}
+
+TEST(ModuleLife, AModuleLoadedByAnotherInADrawingsMessageGetsThatMessageOnce) {
+    const Misdeed misdeed(L"load in kLoadDwgMsg");
+
+    const HostRun run(LoadOption(L"misbehaving"), L"QUIT\n");
+
+    const std::wstring record = Record(run);
+    EXPECT_THAT(record, HasSubstr(L"[kLoadDwgMsg"));
+    EXPECT_EQ(record.find(L"[kLoadDwgMsg"), record.rfind(L"[kLoadDwgMsg"));
+}
+
+TEST(ModuleLife, AtTheEndNoModuleIsLoadedAnyMore) {
+    const Misdeed misdeed(L"load at the end");
+
+    const HostRun run(LoadOption(L"misbehaving"), L"QUIT\n");
+
+    EXPECT_TRUE(run.HasLine(ModulePath(L"recorder") + L" can't be loaded: the session is ending."));
+    EXPECT_EQ(run.Code(), ExitCode::Success);
+}
+
 TEST(ModuleLife, AnUnknownModuleCantBeUnloaded) {
     const HostRun run(L"", L"UNLOAD nothing\nQUIT\n");
 
@@ -164,10 +220,10 @@ TEST(ModuleLife, ARefusedStartEndsTheHostWithItsOwnCode) {
     const HostRun run(LoadOption(L"misbehaving"), L"QUIT\n");
 
     EXPECT_EQ(run.Code(), ExitCode::ModuleRefused);
-    EXPECT_TRUE(run.HasLine(ModulePath(L"misbehaving") +
-                            L" refused to start: its answer to kInitAppMsg was kRetError. It was "
-                            L"unloaded."));
-    EXPECT_THAT(run.Output(), Not(HasSubstr(L"Command: ")));
+    EXPECT_EQ(run.Errors(), L"drafthost: " + ModulePath(L"misbehaving") +
+                                L" refused to start: its answer to kInitAppMsg was kRetError. It "
+                                L"was unloaded.\n");
+    EXPECT_EQ(run.Output(), L"");
 }
 
 TEST(ModuleLife, ARefusedModuleLeavesNothingBehind) {
@@ -190,6 +246,22 @@ TEST(ModuleLife, AModuleForOneDrawingKeepsTheSecondOneOut) {
     EXPECT_TRUE(
         run.HasLine(L"Drawing2.dwg can't be opened: misbehaving.arx works with one drawing only."));
     EXPECT_THAT(run.Output(), Not(HasSubstr(L"Drawing: ")));
+}
+
+TEST(ModuleLife, AModuleForOneDrawingKeepsTheSecondOneOfTheCommandLineOut) {
+    const Misdeed misdeed(L"one drawing");
+    const TempFolder folder;
+    WriteFileBytes(folder / L"a.dwg", "");
+    WriteFileBytes(folder / L"b.dwg", "");
+
+    const HostRun run(LoadOption(L"misbehaving") + L"--open \"" + (folder / L"a.dwg") +
+                      L"\" --open \"" + (folder / L"b.dwg") + L"\"");
+
+    EXPECT_EQ(run.Code(), ExitCode::FileMissing);
+    EXPECT_EQ(run.Errors(),
+              L"drafthost: " + (folder / L"b.dwg") +
+                  L" can't be opened: misbehaving.arx works with one drawing only.\n");
+    EXPECT_THAT(run.Output(), Not(HasSubstr(L"Command: ")));
 }
 
 TEST(ModuleLife, AModuleForOneDrawingIsntLoadedIntoTwo) {
@@ -228,8 +300,9 @@ TEST_P(UnloadableFile, IsToldAndEndsTheHost) {
     const HostRun run(LoadOption(GetParam().module), L"QUIT\n");
 
     EXPECT_EQ(run.Code(), ExitCode::ModuleNotLoaded) << testing::PrintToString(GetParam().why);
-    EXPECT_TRUE(
-        run.HasLine(ModulePath(GetParam().module) + L" can't be loaded: " + GetParam().message));
+    EXPECT_EQ(run.Errors(), L"drafthost: " + ModulePath(GetParam().module) + L" can't be loaded: " +
+                                GetParam().message + L"\n");
+    EXPECT_EQ(run.Output(), L"");
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -251,8 +324,10 @@ TEST(UnloadableFile, AFileThatIsNoLibrary) {
     const HostRun run(L"--load \"" + (folder / L"text.arx") + L"\"");
 
     EXPECT_EQ(run.Code(), ExitCode::ModuleNotLoaded);
-    EXPECT_TRUE(run.HasLine((folder / L"text.arx") +
-                            L" can't be loaded: it is no library for 64-bit Windows (error 193)."));
+    EXPECT_EQ(run.Errors(),
+              L"drafthost: " + (folder / L"text.arx") +
+                  L" can't be loaded: it is no library for 64-bit Windows (error 193).\n");
+    EXPECT_EQ(run.Output(), L"");
 }
 
 TEST(UnloadableFile, ALibraryWhoseDllMainRefuses) {
@@ -261,13 +336,17 @@ TEST(UnloadableFile, ALibraryWhoseDllMainRefuses) {
     const HostRun run(LoadOption(L"misbehaving"));
 
     EXPECT_EQ(run.Code(), ExitCode::ModuleNotLoaded);
-    EXPECT_TRUE(run.HasLine(ModulePath(L"misbehaving") +
-                            L" can't be loaded: its DllMain refused (error 1114)."));
+    EXPECT_EQ(run.Errors(), L"drafthost: " + ModulePath(L"misbehaving") +
+                                L" can't be loaded: its DllMain refused (error 1114).\n");
 }
 
 TEST(UnloadableFile, AtThePromptLeavesTheHostAlive) {
     const HostRun run(L"", L"APPLOAD \"" + ModulePath(L"no_entry_point") + L"\"\n(+ 1 1)\nQUIT\n");
 
+    EXPECT_TRUE(run.HasLine(ModulePath(L"no_entry_point") +
+                            L" can't be loaded: it doesn't export acrxEntryPoint."))
+        << "what goes wrong at the prompt belongs to the transcript";
+    EXPECT_EQ(run.Errors(), L"");
     EXPECT_TRUE(run.HasLine(L"2"));
     EXPECT_EQ(run.Code(), ExitCode::Success);
 }
