@@ -4,6 +4,7 @@
 #include "runtime/host/document.h"
 #include "runtime/host/external_call.h"
 #include "runtime/host/line_input.h"
+#include "runtime/host/module_table.h"
 #include "runtime/host/support_files.h"
 #include "runtime/host/text_output.h"
 #include "runtime/host/variables.h"
@@ -30,6 +31,21 @@ std::optional<std::wstring> DocumentLisp::FindFile(const std::wstring& name) {
 
 void DocumentLisp::RunCommand(const std::vector<LispValue>& arguments) {
     RunCommandsOfLisp(arguments);
+}
+
+std::vector<std::wstring> DocumentLisp::Modules() {
+    std::vector<std::wstring> names;
+    for (const auto& module : ModuleTable::Instance().Modules())
+        names.push_back(module->name);
+    return names;
+}
+
+bool DocumentLisp::LoadModule(const std::wstring& file) {
+    return drafthost::LoadModule(file) == LoadResult::Loaded;
+}
+
+bool DocumentLisp::UnloadModule(const std::wstring& file) {
+    return drafthost::UnloadModule(file) == UnloadResult::Unloaded;
 }
 
 LispValue DocumentLisp::CallExternal(const LispExternal& function,

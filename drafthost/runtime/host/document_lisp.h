@@ -20,6 +20,9 @@ class DocumentLisp : public LispHost {
     bool SetEnvironment(const std::wstring& name, const std::wstring& value) override;
     std::optional<std::wstring> FindFile(const std::wstring& name) override;
     void RunCommand(const std::vector<LispValue>& arguments) override;
+    std::vector<std::wstring> Modules() override;
+    bool LoadModule(const std::wstring& file) override;
+    bool UnloadModule(const std::wstring& file) override;
     LispValue CallExternal(const LispExternal& function,
                            const std::vector<LispValue>& arguments) override;
     std::optional<std::wstring> ReadLine(const std::wstring& prompt) override;

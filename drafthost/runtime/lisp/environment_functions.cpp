@@ -82,7 +82,8 @@ LispValue Load(LispEvaluator& evaluator, const Arguments& arguments) {
 
 void RunCommand(LispEvaluator& evaluator, const Arguments& arguments) {
     for (const LispValue& argument : arguments) {
-        if (!argument.IsString() && !argument.IsNumber() && !argument.IsCons()) {
+        const bool isCancel = argument.IsNil();
+        if (!isCancel && !argument.IsString() && !argument.IsNumber() && !argument.IsCons()) {
             throw BadArgumentType(L"command argument", argument);
         }
     }
@@ -99,9 +100,14 @@ LispValue CommandFunction(LispEvaluator& evaluator, const Arguments& arguments) 
     return LispValue::True();
 }
 
-/// There are no extensions to bring in; start-up files call it all the same.
-LispValue LoadExtensions(LispEvaluator&, const Arguments&) {
+/// For what has nothing to do here, and start-up files call it all the same: extensions to bring
+/// in, windows of text and graphics to switch between.
+LispValue DoNothing(LispEvaluator&, const Arguments&) {
     return LispValue();
+}
+
+LispValue Version(LispEvaluator&, const Arguments&) {
+    return LispValue::String(L"drafthost LISP 17.0");
 }
 
 LispValue FileNameBase(LispEvaluator&, const Arguments& arguments) {
@@ -127,7 +133,11 @@ constexpr LispFunctionRow rows[] = {
     {L"COMMAND", Command},
     {L"COMMAND-S", Command},
     {L"VL-CMDF", CommandFunction},
-    {L"VL-LOAD-COM", LoadExtensions, 0, 0},
+    {L"VL-LOAD-COM", DoNothing, 0, 0},
+    {L"VL-LOAD-REACTORS", DoNothing, 0, 0},
+    {L"GRAPHSCR", DoNothing, 0, 0},
+    {L"TEXTSCR", DoNothing, 0, 0},
+    {L"VER", Version, 0, 0},
     {L"VL-FILENAME-BASE", FileNameBase, 1, 1},
     {L"VL-FILENAME-DIRECTORY", FileNameDirectory, 1, 1},
     {L"VL-FILENAME-EXTENSION", FileNameExtension, 1, 1},

@@ -94,6 +94,11 @@ LispEvaluator::LispEvaluator(LispHost& host) : m_host(host) {
     DefineFileFunctions(*this);
     DefineInputFunctions(*this);
     DefineEnvironmentFunctions(*this);
+    DefineModuleFunctions(*this);
+    DefineFileSystemFunctions(*this);
+    DefineRegistryFunctions(*this);
+    DefineBlackboardFunctions(*this);
+    DefineUnitFunctions(*this);
 }
 
 LispOutcome LispEvaluator::Run(const std::function<LispValue()>& work) {

@@ -21,5 +21,10 @@ void DefineOutputFunctions(LispEvaluator& evaluator);
 void DefineFileFunctions(LispEvaluator& evaluator);
 void DefineInputFunctions(LispEvaluator& evaluator);
 void DefineEnvironmentFunctions(LispEvaluator& evaluator);
+void DefineModuleFunctions(LispEvaluator& evaluator);
+void DefineFileSystemFunctions(LispEvaluator& evaluator);
+void DefineRegistryFunctions(LispEvaluator& evaluator);
+void DefineBlackboardFunctions(LispEvaluator& evaluator);
+void DefineUnitFunctions(LispEvaluator& evaluator);
 
 }  // namespace drafthost

@@ -40,9 +40,16 @@ class LispHost {
     /// both kinds come in. Empty: not there. Used by `findfile` and `load`.
     virtual std::optional<std::wstring> FindFile(const std::wstring& name) = 0;
 
-    /// `(command ...)`: strings, numbers and points (lists of reals) in their order; no arguments
-    /// mean that a running command is cancelled.
+    /// `(command ...)`: strings, numbers and points (lists of reals) in their order. A nil among
+    /// them is the user's ESC, which cancels a running command; so do no arguments at all.
     virtual void RunCommand(const std::vector<LispValue>& arguments) = 0;
+
+    /// `arx`: the file names of the loaded modules, in load order.
+    virtual std::vector<std::wstring> Modules() = 0;
+
+    /// `arxload` and `arxunload`. False: it can't be; the host has said why.
+    virtual bool LoadModule(const std::wstring& file) = 0;
+    virtual bool UnloadModule(const std::wstring& file) = 0;
 
     /// Calls a module's function; its result is the value of the LISP call.
     virtual LispValue CallExternal(const LispExternal& function,

@@ -137,7 +137,7 @@ LispValue Sqrt(LispEvaluator&, const Arguments& arguments) {
     return LispValue::Real(std::sqrt(number));
 }
 
-/// Whole when both are, the power isn't negative and the result has 32 bits; real otherwise.
+/// Whole when both are and the result has 32 bits, cut as a quotient is; real otherwise.
 LispValue Expt(LispEvaluator&, const Arguments& arguments) {
     const double base = NumberArgument(arguments[0]);
     const double power = NumberArgument(arguments[1]);
@@ -146,7 +146,7 @@ LispValue Expt(LispEvaluator&, const Arguments& arguments) {
     if (std::isnan(result) && !std::isnan(base) && !std::isnan(power)) {
         throw Undefined(arguments[0]);
     }
-    const bool isWhole = arguments[0].IsInteger() && arguments[1].IsInteger() && power >= 0.0;
+    const bool isWhole = arguments[0].IsInteger() && arguments[1].IsInteger();
     if (!isWhole || !FitsInteger(result)) return LispValue::Real(result);
     return LispValue::Integer(static_cast<std::int32_t>(result));
 }
@@ -201,6 +201,24 @@ LispValue LogIor(LispEvaluator&, const Arguments& arguments) {
     return LispValue::Integer(bits);
 }
 
+/// `boole`: the bits of `operation` are the results for the bits 11, 10, 01 and 00 of two numbers,
+/// the lowest one first. More numbers go in one after the other.
+LispValue Boole(LispEvaluator&, const Arguments& arguments) {
+    const std::int32_t operation = IntegerArgument(arguments[0]);
+    if (operation < 0 || operation > 15) throw BadArgumentValue(L"from 0 to 15:", arguments[0]);
+    std::int32_t result = IntegerArgument(arguments[1]);
+    for (std::size_t at = 2; at < arguments.size(); ++at) {
+        const std::int32_t left = result;
+        const std::int32_t right = IntegerArgument(arguments[at]);
+        result = 0;
+        if ((operation & 1) != 0) result |= left & right;
+        if ((operation & 2) != 0) result |= left & ~right;
+        if ((operation & 4) != 0) result |= ~left & right;
+        if ((operation & 8) != 0) result |= ~left & ~right;
+    }
+    return LispValue::Integer(result);
+}
+
 /// Zeros come in from both sides: the sign moves like any other bit.
 LispValue Lsh(LispEvaluator&, const Arguments& arguments) {
     const auto bits = static_cast<std::uint32_t>(IntegerArgument(arguments[0]));
@@ -218,6 +236,7 @@ constexpr LispFunctionRow rows[] = {
     {L"LOG", Log, 1, 1},   {L"SIN", Sin, 1, 1},   {L"COS", Cos, 1, 1},
     {L"ATAN", Atan, 1, 2}, {L"GCD", Gcd, 2, 2},   {L"~", Complement, 1, 1},
     {L"LOGAND", LogAnd},   {L"LOGIOR", LogIor},   {L"LSH", Lsh, 2, 2},
+    {L"BOOLE", Boole, 2},
 };
 
 }  // namespace

@@ -28,6 +28,27 @@ Point PointArgument(const LispValue& value) {
     return point;
 }
 
+constexpr double nearlyParallel = 1e-20;  // Of the square of the sine between the lines.
+constexpr double nearlyMeeting = 1e-9;
+
+Point Difference(const Point& left, const Point& right) {
+    return {left.x - right.x, left.y - right.y, left.z - right.z, left.hasZ && right.hasZ};
+}
+
+double DotProduct(const Point& left, const Point& right) {
+    return left.x * right.x + left.y * right.y + left.z * right.z;
+}
+
+Point CrossProduct(const Point& left, const Point& right) {
+    return {left.y * right.z - left.z * right.y, left.z * right.x - left.x * right.z,
+            left.x * right.y - left.y * right.x, true};
+}
+
+/// Whether a place along a segment, from 0 to 1, is on it.
+bool IsWithin(double along) {
+    return along >= -nearlyMeeting && along <= 1.0 + nearlyMeeting;
+}
+
 /// In space when both points have a third coordinate, else in the plane.
 LispValue Distance(LispEvaluator&, const Arguments& arguments) {
     const Point from = PointArgument(arguments[0]);
@@ -55,10 +76,45 @@ LispValue Polar(LispEvaluator&, const Arguments& arguments) {
     return LispValue::List(items);
 }
 
+/// Where two lines meet, each given by two points. Nil when they don't; nil also when the place is
+/// beyond one of the segments, unless the fifth argument is nil. In space when all points have a
+/// third coordinate, else in the plane.
+LispValue Inters(LispEvaluator&, const Arguments& arguments) {
+    Point points[4];
+    for (int at = 0; at < 4; ++at)
+        points[at] = PointArgument(arguments[at]);
+    const bool onSegments = arguments.size() < 5 || !arguments[4].IsNil();
+    const bool inSpace = points[0].hasZ && points[1].hasZ && points[2].hasZ && points[3].hasZ;
+    if (!inSpace) {
+        for (Point& point : points)
+            point.z = 0.0;
+    }
+    const Point first = Difference(points[1], points[0]);
+    const Point second = Difference(points[3], points[2]);
+    const Point between = Difference(points[2], points[0]);
+    const Point normal = CrossProduct(first, second);
+    const double size = DotProduct(normal, normal);
+    const double scale = DotProduct(first, first) * DotProduct(second, second);
+    if (size <= nearlyParallel * scale) return LispValue();
+    // Out of the common plane of the two lines there is no meeting.
+    const double away = DotProduct(between, normal) / std::sqrt(size);
+    if (std::fabs(away) > nearlyMeeting * (1.0 + std::sqrt(DotProduct(between, between)))) {
+        return LispValue();
+    }
+    const double along = DotProduct(CrossProduct(between, second), normal) / size;
+    const double alongSecond = DotProduct(CrossProduct(between, first), normal) / size;
+    if (onSegments && !(IsWithin(along) && IsWithin(alongSecond))) return LispValue();
+    Arguments items = {LispValue::Real(points[0].x + along * first.x),
+                       LispValue::Real(points[0].y + along * first.y)};
+    if (inSpace) items.push_back(LispValue::Real(points[0].z + along * first.z));
+    return LispValue::List(items);
+}
+
 constexpr LispFunctionRow rows[] = {
     {L"DISTANCE", Distance, 2, 2},
     {L"ANGLE", Angle, 2, 2},
     {L"POLAR", Polar, 3, 3},
+    {L"INTERS", Inters, 4, 5},
 };
 
 }  // namespace

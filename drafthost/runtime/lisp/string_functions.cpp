@@ -70,7 +70,8 @@ LispValue RToS(LispEvaluator& evaluator, const Arguments& arguments) {
         arguments.size() > 2 ? IntegerArgument(arguments[2]) : VariableOr(evaluator, L"LUPREC", 4);
     if (mode < 1 || mode > 5)
         throw BadArgumentValue(L"mode from 1 to 5:", LispValue::Integer(mode));
-    return LispValue::String(FormatUnits(number, static_cast<LispUnits>(mode), precision));
+    const LispZeros zeros = ZerosOfVariable(VariableOr(evaluator, L"DIMZIN", 0));
+    return LispValue::String(FormatUnits(number, static_cast<LispUnits>(mode), precision, zeros));
 }
 
 LispValue Ascii(LispEvaluator&, const Arguments& arguments) {

@@ -81,10 +81,8 @@ TEST_F(LispEnvironment, Command) {
          L"(command \"A\" 'b)",
          L"; error: bad argument type: command argument B",
          {}},
-        {"nil is no argument",
-         L"(command nil)",
-         L"; error: bad argument type: command argument nil",
-         {}},
+        {"nil is ESC", L"(command nil)", L"nil", {L"(nil)"}},
+        {"nil among others", L"(command \"LINE\" nil)", L"nil", {L"(\"LINE\" nil)"}},
     };
     for (const Row& row : rows) {
         host.commands.clear();
@@ -207,6 +205,15 @@ TEST(LispFileNames, Parts) {
         {"directory: three letters", L"(vl-filename-directory \"ab/c\")", L"\"ab\""},
         {"extension", L"(vl-filename-extension \"a.b.lsp\")", L"\".lsp\""},
         {"extension: none", L"(vl-filename-extension \"dir.d\\\\a\")", L"nil"},
-        {"load-com does nothing", L"(vl-load-com)", L"nil"},
+    });
+}
+
+TEST(LispEnvironmentFunctions, WhatHasNothingToDoHere) {
+    ExpectShown({
+        {"extensions", L"(vl-load-com)", L"nil"},
+        {"reactors", L"(vl-load-reactors)", L"nil"},
+        {"graphics", L"(graphscr)", L"nil"},
+        {"text", L"(textscr)", L"nil"},
+        {"version", L"(ver)", L"\"drafthost LISP 17.0\""},
     });
 }

@@ -26,3 +26,23 @@ TEST(LispPoints, DistanceAnglePolar) {
          L"; error: bad argument type: numberp: nil"},
     });
 }
+
+TEST(LispPoints, Inters) {
+    ExpectShown({
+        {"two segments that cross", L"(inters '(0 0) '(2 2) '(0 2) '(2 0))", L"(1.0 1.0)"},
+        {"at an end", L"(inters '(0 0) '(1 1) '(1 1) '(2 0))", L"(1.0 1.0)"},
+        {"beyond the first segment", L"(inters '(0 0) '(1 1) '(0 4) '(4 0))", L"nil"},
+        {"beyond the second one", L"(inters '(0 0) '(9 9) '(0 4) '(1 3))", L"nil"},
+        {"segments count for a value", L"(inters '(0 0) '(1 1) '(0 4) '(4 0) t)", L"nil"},
+        {"lines without ends", L"(inters '(0 0) '(1 1) '(0 4) '(4 0) nil)", L"(2.0 2.0)"},
+        {"parallel", L"(inters '(0 0) '(1 1) '(1 0) '(2 1) nil)", L"nil"},
+        {"the same line", L"(inters '(0 0) '(1 1) '(2 2) '(3 3) nil)", L"nil"},
+        {"a line of no length", L"(inters '(0 0) '(0 0) '(1 0) '(2 1) nil)", L"nil"},
+        {"in space", L"(inters '(0 0 0) '(2 2 2) '(0 2 1) '(2 0 1))", L"(1.0 1.0 1.0)"},
+        {"past each other in space", L"(inters '(0 0 0) '(2 2 0) '(0 2 1) '(2 0 1))", L"nil"},
+        {"one without a third coordinate: in the plane",
+         L"(inters '(0 0) '(2 2 0) '(0 2 1) '(2 0 1))", L"(1.0 1.0)"},
+        {"no point", L"(inters '(0 0) '(1 1) '(1 0) 5)",
+         L"; error: bad argument type: 2D/3D point: 5"},
+    });
+}

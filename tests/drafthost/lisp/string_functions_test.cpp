@@ -114,6 +114,16 @@ TEST(LispStrings, RToSTakesModeAndPrecisionFromTheHost) {
     EXPECT_EQ(Shown(interpreter, L"(rtos 17.5)"), L"\"17.50\"");
 }
 
+TEST(LispStrings, RToSLeavesOutTheZerosThatTheHostSays) {
+    TestHost host;
+    LispInterpreter interpreter(host);
+    EXPECT_EQ(Shown(interpreter, L"(rtos 24 4)"), L"\"2'\"") << "as DIMZIN 0";
+
+    host.variables[L"DIMZIN"] = LispValue::Integer(8);
+
+    EXPECT_EQ(Shown(interpreter, L"(rtos 17.5 2 4)"), L"\"17.5\"");
+}
+
 TEST(LispStrings, WcMatch) {
     ExpectShown({
         {"matches", L"(wcmatch \"Name\" \"N*\")", L"T"},

@@ -6,6 +6,8 @@
 
 #include <windows.h>
 
+#include <algorithm>
+
 using namespace drafthost;
 
 void TestHost::Print(const std::wstring& text) {
@@ -32,6 +34,19 @@ std::optional<std::wstring> TestHost::FindFile(const std::wstring& name) {
 
 void TestHost::RunCommand(const std::vector<LispValue>& arguments) {
     commands.push_back(LispPrin1(LispValue::List(arguments)));
+}
+
+bool TestHost::LoadModule(const std::wstring& file) {
+    if (file != L"good.arx") return false;
+    modules.push_back(file);
+    return true;
+}
+
+bool TestHost::UnloadModule(const std::wstring& file) {
+    const auto found = std::find(modules.begin(), modules.end(), file);
+    if (found == modules.end()) return false;
+    modules.erase(found);
+    return true;
 }
 
 LispValue TestHost::CallExternal(const LispExternal& function,

@@ -19,6 +19,7 @@ class TestHost : public drafthost::LispHost {
     std::function<drafthost::LispValue(const drafthost::LispExternal&,
                                        const std::vector<drafthost::LispValue>&)>
         external;
+    std::vector<std::wstring> modules;
     std::deque<std::wstring> answers;
     std::map<std::wstring, drafthost::LispValue> variables;
 
@@ -27,6 +28,10 @@ class TestHost : public drafthost::LispHost {
     bool SetEnvironment(const std::wstring& name, const std::wstring& value) override;
     std::optional<std::wstring> FindFile(const std::wstring& name) override;
     void RunCommand(const std::vector<drafthost::LispValue>& arguments) override;
+    std::vector<std::wstring> Modules() override { return modules; }
+    /// Only "good.arx" can be loaded, and what is loaded unloaded.
+    bool LoadModule(const std::wstring& file) override;
+    bool UnloadModule(const std::wstring& file) override;
     drafthost::LispValue CallExternal(const drafthost::LispExternal& function,
                                       const std::vector<drafthost::LispValue>& arguments) override;
     /// Prints the prompt; the next of `answers`, or nothing when they are used up.

@@ -52,9 +52,16 @@ TEST(RunCommand, WithoutADrawingOnlySessionCommandsRun) {
 }
 
 TEST(RunCommand, DefunedInLisp) {
-    const HostRun run(L"", L"(defun c:hello () (princ \"\\n你好\") 5)\nHELLO\nQUIT\n");
+    const HostRun run(L"", L"(defun c:hello () (princ \"\\n你好\") (princ))\nHELLO\nQUIT\n");
 
     EXPECT_THAT(run.Output(), HasSubstr(L"Command: HELLO\n\n你好\nCommand: QUIT"));
+}
+
+TEST(RunCommand, ALispCommandsValueIsShown) {
+    const HostRun run(L"", L"(defun c:val () 42)\n(defun c:none () nil)\nVAL\nNONE\nQUIT\n");
+
+    EXPECT_EQ(run.Shown(L"VAL"), L"42");
+    EXPECT_EQ(run.Shown(L"NONE"), L"nil");
 }
 
 TEST(RunCommand, ALispCommandsErrorIsShown) {
@@ -82,4 +89,33 @@ TEST(LispCommand, RunsCommandsInTurn) {
         << "answers to questions are dropped";
     EXPECT_EQ(run.Shown(broken), L"Unknown command \"line\".\nnil") << "ends the series";
     EXPECT_EQ(run.Shown(L"(command)"), L"nil");
+}
+
+TEST(LispCommand, NilCancelsAsEscDoes) {
+    constexpr const wchar_t* cancelled = L"(command \"rechello\" nil \"recsession\" nil)";
+
+    const HostRun run(LoadOption(L"recorder"),
+                      std::wstring(cancelled) + L"\n(command nil)\nQUIT\n");
+
+    EXPECT_EQ(run.Shown(cancelled),
+              L"\nhello from Drawing1.dwg\nsession command in Drawing1.dwg\nnil")
+        << "no command waits for an answer, so there is nothing to cancel";
+    EXPECT_EQ(run.Shown(L"(command nil)"), L"nil");
+}
+
+TEST(LispModules, AreLoadedAndUnloadedByLisp) {
+    std::wstring path = ModulePath(L"recorder");
+    for (std::size_t at = 0; (at = path.find(L'\\', at)) != std::wstring::npos; ++at)
+        path[at] = L'/';
+    const std::wstring load = L"(= (arxload \"" + path + L"\") \"" + path + L"\")";
+
+    const HostRun run(L"", load +
+                               L"\n(arx)\nRecHello\n(arxunload \"recorder\")\n(null (arx))\n"
+                               L"(arxunload \"recorder\" 'gone)\nQUIT\n");
+
+    EXPECT_THAT(run.Shown(load), HasSubstr(L"\nT\n"));
+    EXPECT_EQ(run.Shown(L"(arx)"), L"(\"recorder.arx\")");
+    EXPECT_TRUE(run.HasLine(L"hello from Drawing1.dwg"));
+    EXPECT_EQ(run.Shown(L"(null (arx))"), L"T");
+    EXPECT_EQ(run.Shown(L"(arxunload \"recorder\" 'gone)"), L"No module recorder is loaded.\nGONE");
 }
