@@ -27,8 +27,9 @@ OpenResult OpenDocument(const std::wstring& path, std::wstring& problem) {
         problem = path + L" can't be opened: " + single->name + L" works with one drawing only.";
         return OpenResult::OneDrawingOnly;
     }
-    documents.Create(path);
+    Document& document = documents.Create(path);
     ModuleTable::Instance().SendToAll(AcRx::kLoadDwgMsg);
+    RunStartUpFiles(document);
     EvaluateQueues();
     return OpenResult::Opened;
 }

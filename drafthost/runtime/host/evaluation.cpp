@@ -1,7 +1,9 @@
 #include "runtime/host/module_call.h"
 #include "runtime/host/services.h"
 #include "runtime/host/session.h"
+#include "runtime/host/support_files.h"
 #include "runtime/host/text_output.h"
+#include "runtime/host/variables.h"
 
 #include <mutex>
 
@@ -50,9 +52,24 @@ bool ShowError(const LispOutcome& outcome) {
     return false;
 }
 
+/// The value, nothing for that of `(princ)`, or the error.
+bool Show(const LispOutcome& outcome) {
+    if (!ShowError(outcome)) return false;
+    const std::wstring value = LispPrin1(outcome.value);
+    if (!value.empty()) PrintLine(value);
+    return true;
+}
+
 LispOutcome Evaluate(Document& document, const std::wstring& text) {
     const RunningEvaluation running(document.Lisp());
     return document.Lisp().Evaluate(text);
+}
+
+void LoadIfThere(Document& document, const wchar_t* file) {
+    const auto path = FindSupportFile(file);
+    if (!path) return;
+    PrintNote(L"drafthost: loading " + *path);
+    ShowError(Evaluate(document, L"(load " + LispPrin1(LispValue::String(*path)) + L")"));
 }
 
 /// A drawing with queued expressions, or null.
@@ -92,18 +109,25 @@ bool EvaluateLisp(const std::wstring& text) {
         PrintLine(L"No drawing is open.");
         return false;
     }
-    const LispOutcome outcome = Evaluate(*document, text);
-    if (ShowError(outcome)) {
-        const std::wstring value = LispPrin1(outcome.value);
-        if (!value.empty()) PrintLine(value);
-    }
+    const bool succeeded = Show(Evaluate(*document, text));
     EvaluateQueues();
-    return outcome.succeeded;
+    return succeeded;
 }
 
 bool CallLisp(Document& document, const std::wstring& function) {
     const RunningEvaluation running(document.Lisp());
-    return ShowError(document.Lisp().Call(function));
+    return Show(document.Lisp().Call(function));
+}
+
+void RunStartUpFiles(Document& document) {
+    static bool isFirst = true;
+    const auto always = GetHostVariable(L"ACADLSPASDOC", document);
+    if (isFirst || always->AsInteger() != 0) LoadIfThere(document, L"acad.lsp");
+    isFirst = false;
+    LoadIfThere(document, L"acaddoc.lsp");
+    if (!document.Lisp().IsFunction(L"S::STARTUP")) return;
+    const RunningEvaluation running(document.Lisp());
+    ShowError(document.Lisp().Call(L"S::STARTUP"));
 }
 
 bool IsLispUnfinished(const std::wstring& text) {

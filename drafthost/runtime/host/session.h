@@ -14,8 +14,13 @@ void EvaluateQueues();
 /// Whether a module's code or LISP runs.
 bool IsBusy();
 
-/// Calls a LISP function without arguments in the drawing. An error is shown, the value isn't;
-/// false after an error.
+/// Calls a LISP function without arguments in the drawing. The value is shown, or the error; false
+/// after an error.
 bool CallLisp(Document& document, const std::wstring& function);
+
+/// What a drawing's LISP world begins with: "acad.lsp" in the session's first drawing, or in every
+/// one when ACADLSPASDOC says so, then "acaddoc.lsp", each where it is found as a support file, and
+/// then the function S::STARTUP, if there is one by then. Errors are shown, values aren't.
+void RunStartUpFiles(Document& document);
 
 }  // namespace drafthost

@@ -53,3 +53,64 @@ TEST(FindFile, TheDefaultSearchPathIsTheSupportFolderBesideTheProgram) {
 
     EXPECT_THAT(run.Output(), HasSubstr(L"\\\\Support;\"\n"));
 }
+
+namespace {
+
+/// A folder with start-up files and drawings, which are found beside the drawings.
+class StartUp : public testing::Test {
+  protected:
+    StartUp() {
+        WriteFileBytes(folder / L"a.dwg", "");
+        WriteFileBytes(folder / L"b.dwg", "");
+    }
+
+    HostRun Run(const std::wstring& options, const std::wstring& input) const {
+        return HostRun(options + L" --open \"" + (folder / L"a.dwg") + L"\" --open \"" +
+                           (folder / L"b.dwg") + L"\"",
+                       input);
+    }
+
+    TempFolder folder{L"启动 files"};
+};
+
+std::size_t Times(const HostRun& run, const std::wstring& part) {
+    std::size_t times = 0;
+    for (std::size_t at = run.Output().find(part); at != std::wstring::npos; ++times)
+        at = run.Output().find(part, at + 1);
+    return times;
+}
+
+}  // namespace
+
+TEST_F(StartUp, FilesComeInTheirOrderAheadOfWhatModulesQueue) {
+    WriteFileBytes(folder / L"acad.lsp", "(princ \"\\n[acad]\") (defun s::startup () 1)");
+    WriteFileBytes(folder / L"acaddoc.lsp",
+                   "(princ (strcat \"\\n[doc \" (getvar \"DWGNAME\") \"]\"))"
+                   "(defun s::startup () (princ (strcat \"\\n[startup \" (getvar \"DWGNAME\") "
+                   "\"]\")) 5)");
+
+    const HostRun run = Run(LoadOption(L"recorder"), L"QUIT\n");
+
+    EXPECT_THAT(run.Output(), HasSubstr(L"[kLoadDwgMsg a.dwg]\n[acad]\n[doc a.dwg]\n"
+                                        L"[startup a.dwg]\nqueued for a.dwg\n"));
+    EXPECT_THAT(run.Output(), HasSubstr(L"[kLoadDwgMsg b.dwg]\n[doc b.dwg]\n"
+                                        L"[startup b.dwg]\nqueued for b.dwg\n"));
+}
+
+TEST_F(StartUp, TheFirstFileIsForEveryDrawingWhenItsVariableSaysSo) {
+    WriteFileBytes(folder / L"acad.lsp", "(princ \"\\n[acad]\") (setvar \"ACADLSPASDOC\" 1)");
+
+    const HostRun run = Run(L"", L"QUIT\n");
+
+    EXPECT_EQ(Times(run, L"[acad]"), 2u);
+}
+
+TEST_F(StartUp, AnErrorIsShownAndTheSessionGoesOn) {
+    WriteFileBytes(folder / L"acaddoc.lsp", "(defun s::startup () (car 5)) (car 6)");
+
+    const HostRun run = Run(L"", L"(+ 1 1)\nQUIT\n");
+
+    EXPECT_EQ(Times(run, L"; error: bad argument type: consp 6\n"), 2u);
+    EXPECT_EQ(Times(run, L"; error: bad argument type: consp 5\n"), 2u);
+    EXPECT_TRUE(run.HasLine(L"2"));
+}
