@@ -42,7 +42,7 @@ Options ReadOptions(int argc, wchar_t** argv) {
 
 /// False when an argument is left that nobody knows.
 bool InitializeLibrary(std::vector<std::string>& arguments) {
-    arguments.insert(arguments.begin() + 1, "--benchmark_min_time=0.03");
+    arguments.insert(arguments.begin() + 1, "--benchmark_min_time=0.004");
     std::vector<char*> pointers;
     pointers.reserve(arguments.size());
     for (std::string& argument : arguments)

@@ -2,9 +2,13 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <cstring>
 
 namespace {
+
+// Many short runs stand a busy machine better than a few long ones: most are not interrupted.
+constexpr double nanosecondsOfRun = 4e6;
 
 /// Keeps the one run that it is given.
 class RunCollector : public benchmark::BenchmarkReporter {
@@ -48,7 +52,8 @@ std::string Pattern(const std::string& name) {
     return pattern + "/";
 }
 
-void Register(const PairedBenchmark& pair, const std::string& name, PairedBenchmark::Side side) {
+void Register(const PairedBenchmark& pair, const std::string& name, PairedBenchmark::Side side,
+              benchmark::IterationCount iterations) {
     benchmark::internal::Benchmark* registered =
         benchmark::RegisterBenchmark(name.c_str(), side)->Unit(benchmark::kNanosecond);
     if (pair.isManuallyTimed) {
@@ -56,7 +61,7 @@ void Register(const PairedBenchmark& pair, const std::string& name, PairedBenchm
     } else {
         registered->UseRealTime();
     }
-    if (pair.iterations > 0) registered->Iterations(pair.iterations);
+    if (iterations > 0) registered->Iterations(iterations);
 }
 
 std::string RunOnce(const std::string& name, SideResult& side) {
@@ -64,6 +69,20 @@ std::string RunOnce(const std::string& name, SideResult& side) {
     benchmark::RunSpecifiedBenchmarks(&collector, Pattern(name));
     const std::string failure = collector.AddTo(side);
     return failure.empty() ? failure : name + ": " + failure;
+}
+
+/// As many iterations of our side as fill a run. Out of several trials the quickest counts, since
+/// one that another process interrupts would find too few.
+benchmark::IterationCount IterationsOfRun(const PairedBenchmark& pair, std::string& failure) {
+    if (pair.iterations > 0) return pair.iterations;
+    const std::string name = std::string(pair.name) + " (trial)";
+    Register(pair, name, pair.ours, 0);
+    SideResult trials;
+    for (int i = 0; i < 3 && failure.empty(); ++i)
+        failure = RunOnce(name, trials);
+    if (!failure.empty()) return 1;
+    const double quickest = *std::min_element(trials.nanoseconds.begin(), trials.nanoseconds.end());
+    return std::max<benchmark::IterationCount>(1, std::llround(nanosecondsOfRun / quickest));
 }
 
 }  // namespace
@@ -74,10 +93,11 @@ PairResult RunPair(const PairedBenchmark& pair, const RoundLimits& limits) {
     const std::string ours = std::string(pair.name) + " (ours)";
     const std::string bare = std::string(pair.name) + " (bare)";
     const bool hasBareSide = pair.bare != nullptr;
-    Register(pair, ours, pair.ours);
-    if (hasBareSide) Register(pair, bare, pair.bare);
-
     const auto start = std::chrono::steady_clock::now();
+    const benchmark::IterationCount iterations = IterationsOfRun(pair, result.failure);
+    Register(pair, ours, pair.ours, iterations);
+    if (hasBareSide) Register(pair, bare, pair.bare, iterations);
+
     const auto wantsRound = [&](int round) {
         const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
         return round < limits.fewestRounds ||
@@ -96,9 +116,16 @@ PairResult RunPair(const PairedBenchmark& pair, const RoundLimits& limits) {
     return result;
 }
 
-double Median(std::vector<double> values) {
+double Median(const std::vector<double>& values) {
+    return Quantile(values, 0.5);
+}
+
+double Quantile(std::vector<double> values, double share) {
     if (values.empty()) return 0;
     std::sort(values.begin(), values.end());
-    const size_t middle = values.size() / 2;
-    return values.size() % 2 == 1 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
+    const double place = share * static_cast<double>(values.size() - 1);
+    const size_t below = static_cast<size_t>(place);
+    const size_t above = std::min(below + 1, values.size() - 1);
+    const double between = place - static_cast<double>(below);
+    return values[below] + between * (values[above] - values[below]);
 }

@@ -21,16 +21,20 @@ struct PairResult {
 };
 
 /// How often the two sides are run: `fewestRounds` in any case, then more until `seconds` have
-/// passed since the first or `mostRounds` are reached.
+/// passed or `mostRounds` are reached.
 struct RoundLimits {
     int fewestRounds = 9;
-    int mostRounds = 25;
+    int mostRounds = 199;
     double seconds = 2.5;
 };
 
-/// Runs both sides of the pair in each round, ours first in one and the bare one first in the next,
-/// so that a machine whose speed drifts slows both. Once for each pair of the program.
+/// Runs both sides of the pair in each round, as many iterations of one as of the other, ours first
+/// in one and the bare one first in the next, so that a machine whose speed drifts slows both. Once
+/// for each pair of the program.
 PairResult RunPair(const PairedBenchmark& pair, const RoundLimits& limits);
 
-/// 0 of an empty list.
-double Median(std::vector<double> values);
+/// The value below which `share` of the others lie, 0 to 1; 0 of an empty list.
+double Quantile(std::vector<double> values, double share);
+
+/// Half of the values lie below it.
+double Median(const std::vector<double>& values);

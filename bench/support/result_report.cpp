@@ -1,6 +1,5 @@
 #include "support/result_report.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <fstream>
 
@@ -53,10 +52,9 @@ void PrintTimes(const PairResult& result) {
     const PairedBenchmark& pair = result.pair;
     std::printf("%-46s %12s", pair.name, Time(Median(result.ours.nanoseconds)).c_str());
     if (!result.ratios.empty()) {
-        const auto [least, most] = std::minmax_element(result.ratios.begin(), result.ratios.end());
         const double ratio = Median(result.ratios);
         std::printf(" %12s %7.3f %7.3f..%7.3f", Time(Median(result.bare.nanoseconds)).c_str(),
-                    ratio, *least, *most);
+                    ratio, Quantile(result.ratios, 0.25), Quantile(result.ratios, 0.75));
         if (pair.aim > 0) std::printf(" %6.2f%s", pair.aim, Mark(ratio, pair.aim));
     }
     std::printf("\n");
@@ -102,7 +100,8 @@ void WriteResult(std::ostream& file, const PairResult& result) {
          << ", \"failure\": " << (result.failure.empty() ? "null" : Quoted(result.failure))
          << ", \"median_ours_ns\": " << Median(result.ours.nanoseconds)
          << ", \"median_bare_ns\": " << Median(result.bare.nanoseconds)
-         << ", \"median_ratio\": " << Median(result.ratios) << ", ";
+         << ", \"median_ratio\": " << Median(result.ratios) << ", \"ratio_quartiles\": ["
+         << Quantile(result.ratios, 0.25) << ", " << Quantile(result.ratios, 0.75) << "], ";
     WriteFigures(file, result);
     file << ", ";
     WriteList(file, "ours_ns", result.ours.nanoseconds);
@@ -116,8 +115,8 @@ void WriteResult(std::ostream& file, const PairResult& result) {
 }  // namespace
 
 void PrintTable(const std::vector<PairResult>& results) {
-    std::printf("\n%-46s %12s %12s %7s %16s %6s\n", "path", "ours", "bare", "ratio",
-                "ratio min..max", "aim");
+    std::printf("\n%-46s %12s %12s %7s %16s %6s\n", "path", "ours", "bare", "ratio", "middle half",
+                "aim");
     for (const PairResult& result : results) {
         if (!result.failure.empty()) {
             std::printf("%-46s   FAILED: %s\n", result.pair.name, result.failure.c_str());

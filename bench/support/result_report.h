@@ -2,8 +2,8 @@
 
 #include "support/pair_runner.h"
 
-/// A line for each pair, and one for each of its extra figures; "MISSED" behind what is above its
-/// aim.
+/// A line for each pair, with the span in which the middle half of its ratios lies, and one for
+/// each of its extra figures; "MISSED" behind what is above its aim.
 void PrintTable(const std::vector<PairResult>& results);
 
 /// Everything measured, as an array of objects. False when the file can't be written.

@@ -8,9 +8,10 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <string_view>
 #include <utility>
-#include <vector>
 
+using tinyxml2::XMLDocument;
 using tinyxml2::XMLElement;
 using tinyxml2::XMLNode;
 using tinyxml2::XMLText;
@@ -24,12 +25,73 @@ constexpr char defaultDocument[] =
     "\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t"
     "</Config>";
 
-XMLElement* ChildNamed(XMLElement& parent, const char* name) {
-    XMLElement* child = parent.FirstChildElement();
-    while (child != nullptr && !SameText(child->Value(), name)) {
-        child = child->NextSiblingElement();
+/// An element and how many element siblings stand in front of it.
+struct PlacedElement {
+    XMLElement* element = nullptr;
+    std::uint32_t position = 0;
+};
+
+/// Without the element: how many element children there are.
+PlacedElement ChildNamed(XMLElement& parent, std::string_view name) {
+    PlacedElement child = {parent.FirstChildElement()};
+    while (child.element != nullptr && !SameName(child.element->Value(), name)) {
+        child.element = child.element->NextSiblingElement();
+        ++child.position;
     }
     return child;
+}
+
+XMLElement* ChildAt(XMLNode& parent, std::uint32_t position) {
+    XMLElement* child = parent.FirstChildElement();
+    for (; child != nullptr && position > 0; --position)
+        child = child->NextSiblingElement();
+    return child;
+}
+
+PlacedElement FindPlaced(XMLDocument& document, std::string_view path) {
+    PathCut cut = CutPath(path);
+    PlacedElement found = {document.FirstChildElement()};
+    if (found.element == nullptr || !SameName(found.element->Value(), cut.head)) return {};
+
+    // Meant: an empty name behind the last "." ends the path at the root, but is asked for below
+    // it.
+    if (cut.tail.empty()) return found;
+    do {
+        cut = CutPath(cut.tail);
+        found = ChildNamed(*found.element, cut.head);
+    } while (found.element != nullptr && cut.hasTail);
+    return found;
+}
+
+XMLElement* AppendElement(XMLNode& parent, std::string_view name) {
+    XMLElement* made = parent.GetDocument()->NewElement(std::string(name).c_str());
+    parent.InsertEndChild(made);
+    return made;
+}
+
+/// `made` is set when something was; else it stays as it is.
+PlacedElement FindOrCreatePlaced(XMLDocument& document, std::string_view path, bool& made) {
+    const auto makeIfMissing = [&made](PlacedElement& wanted, XMLNode& parent,
+                                       std::string_view name) {
+        if (wanted.element != nullptr) return;
+        wanted.element = AppendElement(parent, name);
+        made = true;
+    };
+
+    PathCut cut = CutPath(path);
+    PlacedElement found = {document.FirstChildElement()};
+    makeIfMissing(found, document, cut.head);
+    if (!SameName(found.element->Value(), cut.head)) return {};
+
+    if (cut.tail.empty()) return found;
+    do {
+        // Meant: an empty name is made like any other, so "Config.A." gives A a nameless child.
+        cut = CutPath(cut.tail);
+        XMLElement& parent = *found.element;
+        found = ChildNamed(parent, cut.head);
+        makeIfMissing(found, parent, cut.head);
+    } while (cut.hasTail);
+    return found;
 }
 
 /// Null when the element has no text.
@@ -39,24 +101,6 @@ const char* TextOf(const XMLElement& element) {
     const XMLNode* first = element.FirstChild();
     const XMLText* text = first != nullptr ? first->ToText() : nullptr;
     return text != nullptr ? text->Value() : nullptr;
-}
-
-std::uint32_t PositionAmongElements(const XMLElement& element) {
-    std::uint32_t position = 0;
-    for (const XMLElement* before = element.PreviousSiblingElement(); before != nullptr;
-         before = before->PreviousSiblingElement()) {
-        ++position;
-    }
-    return position;
-}
-
-std::vector<XMLElement*> ElementChildren(XMLNode& parent) {
-    std::vector<XMLElement*> children;
-    for (XMLElement* child = parent.FirstChildElement(); child != nullptr;
-         child = child->NextSiblingElement()) {
-        children.push_back(child);
-    }
-    return children;
 }
 
 /// Attributes and all child nodes too; not yet in the tree.
@@ -104,46 +148,16 @@ void Configuration::SaveIfModified() {
 }
 
 XMLElement* Configuration::Find(const std::string& path) {
-    PathCut cut = CutPath(path);
-    XMLElement* element = document.FirstChildElement();
-    if (element == nullptr || !SameText(element->Value(), cut.head.c_str())) return nullptr;
-
-    // Meant: an empty name behind the last "." ends the path at the root, but is asked for below
-    // it.
-    if (cut.tail.empty()) return element;
-    do {
-        cut = CutPath(cut.tail);
-        element = ChildNamed(*element, cut.head.c_str());
-    } while (element != nullptr && cut.hasTail);
-    return element;
+    return FindPlaced(document, path).element;
 }
 
 XMLElement* Configuration::FindOrCreate(const std::string& path) {
-    const auto append = [this](XMLNode& parent, const std::string& name) {
-        XMLElement* made = document.NewElement(name.c_str());
-        parent.InsertEndChild(made);
-        modified = true;
-        return made;
-    };
-
-    PathCut cut = CutPath(path);
-    XMLElement* element = document.FirstChildElement();
-    if (element == nullptr) element = append(document, cut.head);
-    if (!SameText(element->Value(), cut.head.c_str())) return nullptr;
-
-    if (cut.tail.empty()) return element;
-    do {
-        // Meant: an empty name is made like any other, so "Config.A." gives A a nameless child.
-        cut = CutPath(cut.tail);
-        XMLElement* child = ChildNamed(*element, cut.head.c_str());
-        element = child != nullptr ? child : append(*element, cut.head);
-    } while (cut.hasTail);
-    return element;
+    return FindOrCreatePlaced(document, path, modified).element;
 }
 
 std::int32_t Configuration::IndexOf(const std::string& path) {
-    const XMLElement* element = Find(path);
-    return element != nullptr ? static_cast<std::int32_t>(PositionAmongElements(*element)) : -1;
+    const PlacedElement found = FindPlaced(document, path);
+    return found.element != nullptr ? static_cast<std::int32_t>(found.position) : -1;
 }
 
 std::string Configuration::GetString(const std::string& path, std::string defaultValue) {
@@ -184,21 +198,19 @@ void Configuration::Remove(const std::string& path) {
 }
 
 void Configuration::MoveTo(const std::string& path, std::uint32_t index) {
-    XMLElement* element =
-        FindOrCreate(path);  // Meant: not tested; a foreign root is a caller's fault.
+    // Meant: not tested for null; a foreign root is a caller's fault.
+    const auto [element, position] = FindOrCreatePlaced(document, path, modified);
     XMLNode* parent = element->Parent();
-    const std::vector<XMLElement*> siblings = ElementChildren(*parent);
-    const std::uint32_t position = PositionAmongElements(*element);
     if (position == index) return;
 
+    // Meant: counted with the element still there, so later moves land one place short.
+    XMLElement* entry = index > 0 ? ChildAt(*parent, index - 1) : nullptr;
     XMLNode* copy = CopyOf(*element);
     parent->DeleteChild(element);
     if (index == 0) {
         parent->InsertFirstChild(copy);
     } else {
-        // Meant: the list still counts the deleted element, so later moves land one place short.
-        if (index - 1 >= siblings.size()) RaiseInvalidParameter();
-        XMLElement* entry = siblings[index - 1];
+        if (entry == nullptr) RaiseInvalidParameter();
         // Meant: behind the deleted element nothing is inserted, and the moved element is lost. It
         // lies in freed memory, so its place tells it, not its parent.
         const bool entryLinked = index - 1 != position && entry->Parent() == parent;

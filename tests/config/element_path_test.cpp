@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <string_view>
+
 TEST(ElementPath, IsCutAtTheFirstDot) {
     struct Row {
         const char* why;
@@ -51,7 +54,18 @@ TEST(SameText, ComparesWholeByteByByteAndByCase) {
         const std::string right = row.right;
 
         EXPECT_EQ(SameText(left.c_str(), right.c_str()), row.same) << row.why;
+        EXPECT_EQ(SameName(left.c_str(), right), row.same) << row.why;
     }
+}
+
+TEST(SameName, LooksAtNothingBehindTheName) {
+    EXPECT_TRUE(SameName("Config", CutPath("Config.EnableLog").head));
+    EXPECT_FALSE(SameName("Config.", CutPath("Config.EnableLog").head));
+}
+
+TEST(SameName, ANameEndsAtAZeroCharacter) {
+    EXPECT_TRUE(SameName("A", std::string_view("A\0x", 3)));
+    EXPECT_FALSE(SameName("AB", std::string_view("A\0B", 3)));
 }
 
 TEST(SameText, TakesOnePointerForEqualWithoutLooking) {
