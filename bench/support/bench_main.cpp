@@ -1,6 +1,7 @@
 // The benchmarks' main: runs every pair, or those asked for, and reports them in a table and as
 // JSON.
 
+#include "host/drawing_server.h"
 #include "support/pair_runner.h"
 #include "support/result_report.h"
 
@@ -10,6 +11,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <cwchar>
 #include <string>
 
 namespace {
@@ -52,6 +54,13 @@ bool InitializeLibrary(std::vector<std::string>& arguments) {
     return !benchmark::ReportUnrecognizedArguments(count, pointers.data());
 }
 
+/// Log lines go to the standard error too. The C runtime is shared with the modules, and without a
+/// buffer each character would be a call of the system.
+bool SilenceErrors() {
+    return std::freopen("NUL", "w", stderr) != nullptr &&
+           std::setvbuf(stderr, nullptr, _IOFBF, 4096) == 0;
+}
+
 double SecondsSince(std::chrono::steady_clock::time_point start) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
@@ -62,8 +71,11 @@ double SecondsSince(std::chrono::steady_clock::time_point start) {
 /// pairs whose name holds it, and the benchmark library's own. Exit code 1 when a side failed, no
 /// pair was asked for or the file can't be written; a missed aim is only marked.
 int wmain(int argc, wchar_t** argv) {
+    if (argc == 4 && std::wcscmp(argv[1], L"--drawing-server") == 0) {
+        return SilenceErrors() ? ServeDrawings(argv[2], argv[3]) : 2;
+    }
     Options options = ReadOptions(argc, argv);
-    if (!InitializeLibrary(options.rest)) return 2;
+    if (!InitializeLibrary(options.rest) || !SilenceErrors()) return 2;
 
     std::vector<PairResult> results;
     bool failed = false;
@@ -81,7 +93,7 @@ int wmain(int argc, wchar_t** argv) {
     PrintTable(results);
     std::printf("\n%zu paths in %.1f s\n", results.size(), SecondsSince(start));
     if (!options.json.empty() && !WriteJson(results, options.json.c_str())) {
-        std::fprintf(stderr, "%s can't be written\n", options.json.c_str());
+        std::printf("%s can't be written\n", options.json.c_str());
         failed = true;
     }
     return failed || results.empty() ? 1 : 0;

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cmath>
 #include <cstring>
+#include <exception>
 
 namespace {
 
@@ -66,8 +67,13 @@ void Register(const PairedBenchmark& pair, const std::string& name, PairedBenchm
 
 std::string RunOnce(const std::string& name, SideResult& side) {
     RunCollector collector;
-    benchmark::RunSpecifiedBenchmarks(&collector, Pattern(name));
-    const std::string failure = collector.AddTo(side);
+    std::string failure;
+    try {
+        benchmark::RunSpecifiedBenchmarks(&collector, Pattern(name));
+        failure = collector.AddTo(side);
+    } catch (const std::exception& exception) {
+        failure = exception.what();
+    }
     return failure.empty() ? failure : name + ": " + failure;
 }
 
