@@ -84,7 +84,10 @@ benchmark::IterationCount IterationsOfRun(const PairedBenchmark& pair, std::stri
     const std::string name = std::string(pair.name) + " (trial)";
     Register(pair, name, pair.ours, 0);
     SideResult trials;
-    for (int i = 0; i < 3 && failure.empty(); ++i)
+    const auto mayBeInterrupted = [&trials] {
+        return trials.nanoseconds.empty() || trials.nanoseconds.back() < 20 * nanosecondsOfRun;
+    };
+    for (int i = 0; i < 3 && failure.empty() && mayBeInterrupted(); ++i)
         failure = RunOnce(name, trials);
     if (!failure.empty()) return 1;
     const double quickest = *std::min_element(trials.nanoseconds.begin(), trials.nanoseconds.end());
