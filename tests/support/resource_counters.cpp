@@ -6,12 +6,17 @@
 #include <winternl.h>
 
 #include <algorithm>
+#include <iterator>
 #include <ostream>
 #include <stdexcept>
-#include <tuple>
 #include <vector>
 
 namespace {
+
+constexpr long long ResourceCounts::*allCounters[] = {
+    &ResourceCounts::heapBlocks, &ResourceCounts::heapBytes,   &ResourceCounts::kernelHandles,
+    &ResourceCounts::gdiObjects, &ResourceCounts::userObjects, &ResourceCounts::threads,
+    &ResourceCounts::tlsSlots};
 
 void CountHeap(ResourceCounts& counts) {
     HANDLE heaps[256];
@@ -23,7 +28,7 @@ void CountHeap(ResourceCounts& counts) {
         while (HeapWalk(heaps[i], &entry)) {
             if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) == 0) continue;
             ++counts.heapBlocks;
-            counts.heapBytes += entry.cbData;
+            counts.heapBytes += static_cast<long long>(entry.cbData);
         }
         HeapUnlock(heaps[i]);
     }
@@ -47,7 +52,7 @@ struct HandleList {
     HandleEntry entries[1];
 };
 
-size_t CountKernelHandles() {
+long long CountKernelHandles() {
     constexpr auto extendedHandleInformation = static_cast<SYSTEM_INFORMATION_CLASS>(64);
     static std::vector<char> buffer(4 << 20);  // Kept, so that counting doesn't change the heap.
     ULONG needed = 0;
@@ -57,7 +62,7 @@ size_t CountKernelHandles() {
         buffer.resize(buffer.size() * 2);
     }
     const auto* list = reinterpret_cast<const HandleList*>(buffer.data());
-    size_t count = 0;
+    long long count = 0;
     for (ULONG_PTR i = 0; i < list->count; ++i) {
         if (list->entries[i].processId == GetCurrentProcessId()) ++count;
     }
@@ -66,7 +71,7 @@ size_t CountKernelHandles() {
 
 // The table of all GDI handles that every process has mapped: PEB offset 0xF8, 65,536 entries of
 // 24 bytes, the object's type in byte 14, 0 for a free entry.
-size_t CountGdiObjects() {
+long long CountGdiObjects() {
     constexpr size_t tableOffset = 0xF8;
     constexpr size_t entryCount = 65536;
     constexpr size_t entrySize = 24;
@@ -80,7 +85,7 @@ size_t CountGdiObjects() {
     const auto* peb = reinterpret_cast<const BYTE*>(process.PebBaseAddress);
     const BYTE* table = *reinterpret_cast<BYTE* const*>(peb + tableOffset);
     if (table == nullptr) return 0;
-    size_t count = 0;
+    long long count = 0;
     for (size_t i = 0; i < entryCount; ++i) {
         const BYTE type = table[i * entrySize + typeOffset] & 0x1F;
         if (type != 0 && type != deviceContextType) ++count;
@@ -92,7 +97,7 @@ size_t CountGdiObjects() {
 // free slots before new ones, and a handle's low word tells its slot: so menus are made until one
 // gets a slot that was never seen; by then no slot is free, and those that the menus don't hold are
 // in use. Programs that read this counter must run alone.
-size_t CountUserObjects() {
+long long CountUserObjects() {
     constexpr size_t reserve =
         500;  // Slots that the first count adds, for later ones to find free.
     constexpr size_t limit = 8000;
@@ -111,14 +116,14 @@ size_t CountUserObjects() {
         DestroyMenu(menus[i]);
     if (made == limit) throw std::runtime_error("too many USER objects to count");
     highestSlot = highest;
-    return highest - made;
+    return static_cast<long long>(highest - made);
 }
 
-size_t CountThreads() {
+long long CountThreads() {
     const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0);
     THREADENTRY32 entry = {};
     entry.dwSize = sizeof entry;
-    size_t count = 0;
+    long long count = 0;
     for (BOOL more = Thread32First(snapshot, &entry); more; more = Thread32Next(snapshot, &entry)) {
         if (entry.th32OwnerProcessID == GetCurrentProcessId()) ++count;
     }
@@ -126,7 +131,7 @@ size_t CountThreads() {
     return count;
 }
 
-size_t CountTlsSlots() {
+long long CountTlsSlots() {
     constexpr size_t slotLimit = 64 + 1024;  // TLS_MINIMUM_AVAILABLE and the expansion slots.
     DWORD taken[slotLimit];
     size_t available = 0;
@@ -137,17 +142,28 @@ size_t CountTlsSlots() {
     }
     for (size_t i = 0; i < available; ++i)
         TlsFree(taken[i]);
-    return slotLimit - available;
+    return static_cast<long long>(slotLimit - available);
 }
 
 }  // namespace
 
 bool ResourceCounts::operator==(const ResourceCounts& other) const {
-    const auto all = [](const ResourceCounts& counts) {
-        return std::tie(counts.heapBlocks, counts.heapBytes, counts.kernelHandles,
-                        counts.gdiObjects, counts.userObjects, counts.threads, counts.tlsSlots);
-    };
-    return all(*this) == all(other);
+    return std::all_of(std::begin(allCounters), std::end(allCounters),
+                       [&](const auto counter) { return this->*counter == other.*counter; });
+}
+
+ResourceCounts ResourceCounts::operator-(const ResourceCounts& earlier) const {
+    ResourceCounts difference;
+    for (const auto counter : allCounters)
+        difference.*counter = this->*counter - earlier.*counter;
+    return difference;
+}
+
+ResourceCounts ResourceCounts::operator*(int rounds) const {
+    ResourceCounts product;
+    for (const auto counter : allCounters)
+        product.*counter = this->*counter * rounds;
+    return product;
 }
 
 std::ostream& operator<<(std::ostream& stream, const ResourceCounts& counts) {

@@ -2,6 +2,7 @@
 // hang into the stacks of all threads.
 
 #include "support/child_scenario.h"
+#include "support/test_progress.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -16,15 +17,15 @@
 
 namespace {
 
-constexpr DWORD hangMilliseconds = 90000;  // For one test; below ctest's time-out of a program.
+constexpr DWORD hangMilliseconds = 90000;  // Without progress; below ctest's time-out of a program.
 constexpr UINT hangExitCode = 99;
 
 const ChildScenario* g_scenarios = nullptr;
 HANDLE g_finished = nullptr;
-HANDLE g_testStarted = nullptr;
+HANDLE g_progress = nullptr;
 
 class ProgressListener : public testing::EmptyTestEventListener {
-    void OnTestStart(const testing::TestInfo&) override { SetEvent(g_testStarted); }
+    void OnTestStart(const testing::TestInfo&) override { ReportTestProgress(); }
 };
 
 void PrintFrame(DWORD64 address) {
@@ -66,7 +67,7 @@ void PrintStack(DWORD threadId) {
 }
 
 DWORD WINAPI WatchForHang(void*) {
-    const HANDLE events[] = {g_finished, g_testStarted};
+    const HANDLE events[] = {g_finished, g_progress};
     DWORD reason = WAIT_TIMEOUT;
     do {
         reason = WaitForMultipleObjects(2, events, FALSE, hangMilliseconds);
@@ -90,6 +91,10 @@ DWORD WINAPI WatchForHang(void*) {
 
 }  // namespace
 
+void ReportTestProgress() {
+    SetEvent(g_progress);
+}
+
 ChildScenario::ChildScenario(const wchar_t* name, int (*function)())
     : name(name), function(function), next(g_scenarios) {
     g_scenarios = this;
@@ -108,7 +113,7 @@ int wmain(int argc, wchar_t** argv) {
         return 98;
     }
     g_finished = CreateEventW(nullptr, TRUE, FALSE, nullptr);
-    g_testStarted = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+    g_progress = CreateEventW(nullptr, FALSE, FALSE, nullptr);
     HANDLE watcher = CreateThread(nullptr, 0, WatchForHang, nullptr, 0, nullptr);
     testing::InitGoogleMock(&argc, argv);
     testing::UnitTest::GetInstance()->listeners().Append(new ProgressListener);

@@ -461,7 +461,7 @@ TEST_P(ImageRefusals, GiveTheirCodeAndLoseNothing) {
     }
     const ImportHook<void*> refusal(RuntimeDll(), nullptr, row.import, row.replacement);
     image.Load(path.c_str());  // Warms the platform's caches up; the result is the second one's.
-    const size_t gdiObjects = CountResources().gdiObjects;
+    const long long gdiObjects = CountResources().gdiObjects;
 
     EXPECT_EQ(image.Load(path.c_str()), row.result);
 

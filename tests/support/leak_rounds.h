@@ -1,0 +1,23 @@
+#pragma once
+
+#include "support/resource_counters.h"
+
+#include <functional>
+
+/// Rounds that go ahead of the counted ones.
+constexpr int warmUpRounds = 100;
+
+/// What `rounds` rounds add to each counter, behind the warm-up.
+///
+/// Counted up to three times while it isn't `wanted` for each round: the table of USER objects
+/// serves all processes, and another one may make or drop one in between. What the rounds add
+/// themselves is there each time.
+ResourceCounts GrowthOver(int rounds, const std::function<void()>& round,
+                          const ResourceCounts& wanted = {});
+
+/// Expects that exactly `wanted` grows in each round and nothing else. Gives the whole growth.
+ResourceCounts ExpectGrowth(int rounds, const std::function<void()>& round,
+                            const ResourceCounts& wanted);
+
+/// As above, with nothing wanted.
+ResourceCounts ExpectNoGrowth(int rounds, const std::function<void()>& round);
