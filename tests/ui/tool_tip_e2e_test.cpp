@@ -34,22 +34,34 @@ class TipOwner : public CWnd {
     }
 };
 
+/// All tests share the owner and its tip, and neither is destroyed: the platform waits two seconds
+/// for a window manager, which isn't there, at the end of each window that was shown. The process's
+/// end needs no such wait.
+TipOwner& SharedOwner() {
+    static TipOwner* const owner = [] {
+        ULONG_PTR token = 0;
+        const Gdiplus::GdiplusStartupInput input;
+        Gdiplus::GdiplusStartup(&token, &input, nullptr);
+        auto* const made = new TipOwner;
+        made->CreateEx(0, AfxRegisterWndClass(0, LoadCursorW(nullptr, IDC_ARROW)), L"", WS_POPUP,
+                       500, 300, 400, 300, nullptr, nullptr);
+        made->control.Create(L"control", WS_CHILD | WS_VISIBLE, CRect(50, 50, 200, 100), made, 1);
+        made->ShowWindow(SW_SHOW);
+        made->UpdateWindow();
+        return made;
+    }();
+    return *owner;
+}
+
 class ToolTipOnScreen : public testing::Test {
   protected:
-    ToolTipOnScreen() {
-        const Gdiplus::GdiplusStartupInput input;
-        Gdiplus::GdiplusStartup(&m_token, &input, nullptr);
-        SetCursorPos(50, 900);
-        owner.CreateEx(0, AfxRegisterWndClass(0, LoadCursorW(nullptr, IDC_ARROW)), L"", WS_POPUP,
-                       500, 300, 400, 300, nullptr, nullptr);
-        owner.control.Create(L"control", WS_CHILD | WS_VISIBLE, CRect(50, 50, 200, 100), &owner, 1);
-        owner.ShowWindow(SW_SHOW);
-        owner.UpdateWindow();
-    }
+    ToolTipOnScreen() { SetCursorPos(50, 900); }
+    /// Leaves no tip up: a pointer that is elsewhere dismisses it at once.
     ~ToolTipOnScreen() override {
-        delete owner.tip;
-        owner.DestroyWindow();
-        Gdiplus::GdiplusShutdown(m_token);
+        SetCursorPos(50, 900);
+        if (owner.tip == nullptr) return;
+        owner.tip->SendMessage(WM_MOUSEMOVE, 0, 0);
+        owner.tip->m_idlePeriod = 0;
     }
 
     /// Lets messages take their way until the condition holds; false when it doesn't within
@@ -89,11 +101,8 @@ class ToolTipOnScreen : public testing::Test {
     bool IsUp() const { return owner.tip != nullptr && owner.tip->m_current == 0; }
     bool FadeIsOver() const { return owner.tip->m_fadeLevel > 1.0; }
 
-    TipOwner owner;
+    TipOwner& owner = SharedOwner();
     int hoverTicks = 0;
-
-  private:
-    ULONG_PTR m_token = 0;
 };
 
 bool Near(COLORREF left, COLORREF right) {
