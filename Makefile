@@ -1,6 +1,6 @@
 # The front door. Every target sets up what it needs by itself.
 .DEFAULT_GOAL := help
-.PHONY: help setup setup-tests programs build run shell gallery test test-heap format format-check lint bench clean
+.PHONY: help setup setup-tests programs build run shell gallery test test-heap format format-check lint bench soak clean
 
 help: ## This list
 	@awk -F ':.*## ' '/^[a-z-]+:.*## / { printf "  make %-13s %s\n", $$1, $$2 }' $(MAKEFILE_LIST)
@@ -53,6 +53,9 @@ lint: setup ## clang-tidy over every source
 bench: setup-tests ## Time our code beside the bare calls; the table goes to build/bench
 	@tools/setup-dependencies bench
 	@tools/run-bench
+
+soak: setup-tests ## Thousands of rounds of everything; fails when anything grows
+	@tools/run-soak
 
 clean: ## Remove what was compiled; keeps libraries and the Wine prefix
 	@rm -rf build/drafthost

@@ -11,7 +11,9 @@ class OpenTipPlus : public CustomToolTipPlus {
     using CustomToolTipPlus::CustomToolTipPlus;
     ~OpenTipPlus() override { ++deletions; }
 
+    using CustomToolTipPlus::FadeTimer;
     using CustomToolTipPlus::HoverTimer;
+    using CustomToolTipPlus::LeaveTimer;
 
     using CustomToolTipPlus::MeasureTip;
     using CustomToolTipPlus::PaintTip;
