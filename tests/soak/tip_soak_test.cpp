@@ -5,6 +5,7 @@
 
 #include "support/call_journal.h"
 #include "ui/plus_scene.h"
+#include "ui/resource_bitmap.h"
 #include "ui/tip_platform.h"
 
 #include <gtest/gtest.h>
@@ -67,7 +68,7 @@ TEST_F(TipSoak, WithAMissingBitmapLosesABlockForEachAttempt) {
     constexpr int attempts = measuresOfATip + rendersOfATip;
     ResourceCounts lost;
     lost.heapBlocks = attempts;
-    lost.heapBytes = attempts * static_cast<long long>(sizeof(void*));
+    lost.heapBytes = attempts * static_cast<long long>(sizeof(ResourceBitmap));
 
     Soak(
         "tips with a missing bitmap", SoakRounds(1000), [this] { Round(ID_NO_BITMAP); }, lost);

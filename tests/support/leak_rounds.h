@@ -8,14 +8,13 @@
 constexpr int warmUpRounds = 100;
 
 /// What `rounds` rounds add to each counter, behind the warm-up.
-///
-/// Counted up to three times while it isn't `wanted` for each round: the table of USER objects
-/// serves all processes, and another one may make or drop one in between. What the rounds add
-/// themselves is there each time.
-ResourceCounts GrowthOver(int rounds, const std::function<void()>& round,
-                          const ResourceCounts& wanted = {});
+ResourceCounts GrowthOver(int rounds, const std::function<void()>& round);
 
-/// Expects that exactly `wanted` grows in each round and nothing else. Gives the whole growth.
+/// Expects that exactly `wanted` grows in each round behind the warm-up, and nothing else. Gives
+/// the whole growth.
+///
+/// Counts up to three times, and says so: the table of USER objects serves all processes, and
+/// another one may make or drop one in between. What the rounds add themselves is there each time.
 ResourceCounts ExpectGrowth(int rounds, const std::function<void()>& round,
                             const ResourceCounts& wanted);
 

@@ -1,6 +1,7 @@
 #include "support/leak_rounds.h"
 #include "support/planted_leaks.h"
 
+#include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
 #include <ostream>
@@ -40,19 +41,36 @@ INSTANTIATE_TEST_SUITE_P(Of, PlantedLeakTest, testing::ValuesIn(PlantedLeaks()),
 
 // What the soaks rely on.
 
-TEST(GrowthOver, IsOfTheRoundsBehindTheWarmUp) {
-    int rounds = 0;
+TEST(ExpectGrowth, FailsWhenMoreGrowsThanIsWanted) {
+    static PlantedLeak leak;
+    leak = PlantedLeaks().front();
 
-    GrowthOver(7, [&] { ++rounds; });
+    EXPECT_NONFATAL_FAILURE(ExpectGrowth(10, leak.plant, {}), "heap blocks 10");
+    EXPECT_NONFATAL_FAILURE(ExpectGrowth(10, leak.plant, leak.shows * 2), "heap blocks 20");
 
-    EXPECT_EQ(rounds, 107);
+    leak.mend();
+    leak = {};
 }
 
-TEST(GrowthOver, CountsAgainWhileSomethingElseGrowsThanIsWanted) {
+TEST(GrowthOver, IsOfTheRoundsBehindTheWarmUp) {
     const PlantedLeak leak = PlantedLeaks().front();
     int rounds = 0;
 
-    const ResourceCounts growth = GrowthOver(10, [&] {
+    const ResourceCounts growth = GrowthOver(7, [&] {
+        // In the warm-up, and once behind it.
+        if (++rounds % 100 == 1) leak.plant();
+    });
+    leak.mend();
+
+    EXPECT_EQ(growth, leak.shows);
+    EXPECT_EQ(rounds, 107);
+}
+
+TEST(ExpectGrowth, CountsAgainWhileSomethingElseGrowsThanIsWanted) {
+    const PlantedLeak leak = PlantedLeaks().front();
+    int rounds = 0;
+
+    const ResourceCounts growth = ExpectNoGrowth(10, [&] {
         // The first count sees a leak that doesn't come again.
         if (++rounds == 105) leak.plant();
     });

@@ -22,6 +22,10 @@ void ClickOk(HWND dialog) {
     PostMessageW(GetDlgItem(dialog, IDOK), BM_CLICK, 0, 0);
 }
 
+void ChooseOk(HWND dialog) {
+    PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+}
+
 void ClickCancel(HWND dialog) {
     PostMessageW(GetDlgItem(dialog, IDCANCEL), BM_CLICK, 0, 0);
 }

@@ -31,6 +31,8 @@ class DialogDriver : public drafthost::ModalDialogWatch {
 
 /// Actions.
 void ClickOk(HWND dialog);
+/// What a click on OK ends in, without the button being pushed and painted for it.
+void ChooseOk(HWND dialog);
 void ClickCancel(HWND dialog);
 void ClickCloseBox(HWND dialog);
 /// The key goes to the dialog's focused control, else to the dialog itself.

@@ -69,11 +69,6 @@ class ShownParent : public CWnd {
     ~ShownParent() override { DestroyWindow(); }
 };
 
-/// As a click on the button, which itself would be pushed and painted for it.
-void ChooseOk(HWND dialog) {
-    ::PostMessageW(dialog, WM_COMMAND, IDOK, 0);
-}
-
 void WindowRound(CWnd& parent) {
     BusyWindow window;
     ASSERT_TRUE(window.CreateEx(0, AfxRegisterWndClass(0), L"", WS_CHILD | WS_VISIBLE, 10, 10, 100,
