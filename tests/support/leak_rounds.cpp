@@ -11,6 +11,7 @@
 
 namespace {
 
+constexpr int warmUpRounds = 100;
 constexpr int attempts = 3;
 
 /// The session's first window starts the desktop's own process, which goes on making windows for a

@@ -4,13 +4,10 @@
 
 #include <functional>
 
-/// Rounds that go ahead of the counted ones.
-constexpr int warmUpRounds = 100;
-
-/// What `rounds` rounds add to each counter, behind the warm-up.
+/// What `rounds` rounds add to each counter, behind 100 others that warm up.
 ResourceCounts GrowthOver(int rounds, const std::function<void()>& round);
 
-/// Expects that exactly `wanted` grows in each round behind the warm-up, and nothing else. Gives
+/// Expects that exactly `wanted` grows in each round behind as many others, and nothing else. Gives
 /// the whole growth.
 ///
 /// Counts up to three times, and says so: the table of USER objects serves all processes, and
