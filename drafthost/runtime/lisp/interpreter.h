@@ -56,7 +56,8 @@ class LispInterpreter {
     /// For the end of a module: as `UndefineExternal` for all functions of the owner.
     void UndefineExternals(std::uintptr_t owner);
 
-    /// A symbol's value; nil for one that has none. Case doesn't matter.
+    /// A symbol's value; nil for one that has none. Case doesn't matter. Of these
+    /// and `IsBusy` tests alone make use.
     LispValue GetSymbol(const std::wstring& name) const;
     void SetSymbol(const std::wstring& name, const LispValue& value);
 

@@ -109,6 +109,7 @@ TEST(HandleMap, TemporaryObjectLivesThroughNestedMessages) {
 TEST(HandleMap, TemporaryObjectForgetsAWindowThatItDestroys) {
     const BareWindow bare;
     CWnd* temporary = CWnd::FromHandle(bare.m_hWnd);
+    ASSERT_NE(temporary, nullptr);
 
     EXPECT_TRUE(temporary->DestroyWindow());
 
