@@ -24,7 +24,6 @@ class PeFile {
 
     explicit PeFile(const std::wstring& path);
 
-    const std::vector<Section>& Sections() const { return m_sections; }
     const Section& SectionNamed(const std::string& name) const;
     const Section& SectionAt(std::uint32_t address) const;
 
