@@ -48,7 +48,16 @@ class HostSession {
 
     std::wstring Beside(const wchar_t* name) const;
 
+    /// Settings of an earlier run would make the search path longer each time.
+    struct NewProfile {
+        NewProfile();
+        NewProfile(const NewProfile&) = delete;
+        NewProfile& operator=(const NewProfile&) = delete;
+        ~NewProfile();
+    };
+
     Installation m_installation;
+    NewProfile m_profile;
     RunningHost m_host;
 };
 

@@ -7,18 +7,22 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <cwchar>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace {
 
 struct Options {
     RoundLimits limits;
     std::string json;
+    std::string table;
     std::string only;
     std::vector<std::string> rest;  ///< the program's name and what is for the benchmark library
 };
@@ -33,6 +37,8 @@ Options ReadOptions(int argc, wchar_t** argv) {
             options.limits.fewestRounds = std::atoi(argument + 9);
         } else if (std::strncmp(argument, "--json=", 7) == 0) {
             options.json = argument + 7;
+        } else if (std::strncmp(argument, "--table=", 8) == 0) {
+            options.table = argument + 8;
         } else if (std::strncmp(argument, "--only=", 7) == 0) {
             options.only = argument + 7;
         } else {
@@ -61,15 +67,45 @@ bool SilenceErrors() {
            std::setvbuf(stderr, nullptr, _IOFBF, 4096) == 0;
 }
 
+/// False, and the name is told, when one that is wanted can't be written.
+bool WriteFiles(const std::vector<PairResult>& results, const Options& options) {
+    if (!options.json.empty() && !WriteJson(results, options.json.c_str())) {
+        std::printf("%s can't be written\n", options.json.c_str());
+        return false;
+    }
+    if (options.table.empty()) return true;
+    FILE* file = std::fopen(options.table.c_str(), "w");
+    if (file == nullptr) {
+        std::printf("%s can't be written\n", options.table.c_str());
+        return false;
+    }
+    PrintTable(results, file);
+    return std::fclose(file) == 0;
+}
+
+/// The program's pairs, those of one area together.
+std::vector<PairedBenchmark> PairsByArea() {
+    std::vector<PairedBenchmark> pairs = PairedBenchmarks();
+    const auto area = [](const PairedBenchmark& pair) {
+        return std::string_view(pair.name, std::strcspn(pair.name, "/"));
+    };
+    std::stable_sort(pairs.begin(), pairs.end(),
+                     [&area](const PairedBenchmark& left, const PairedBenchmark& right) {
+                         return area(left) < area(right);
+                     });
+    return pairs;
+}
+
 double SecondsSince(std::chrono::steady_clock::time_point start) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
 }  // namespace
 
-/// Arguments: `--rounds=N` for at least so many rounds (9), `--json=FILE`, `--only=TEXT` for the
-/// pairs whose name holds it, and the benchmark library's own. Exit code 1 when a side failed, no
-/// pair was asked for or the file can't be written; a missed aim is only marked.
+/// Arguments: `--rounds=N` for at least so many rounds (9), `--json=FILE` and
+/// `--table=FILE` for the results, `--only=TEXT` for the pairs whose name holds it, and the
+/// benchmark library's own. Exit code 1 when a side failed, no pair was asked for or a file can't
+/// be written; a missed aim is only marked.
 int wmain(int argc, wchar_t** argv) {
     if (argc == 4 && std::wcscmp(argv[1], L"--drawing-server") == 0) {
         return SilenceErrors() ? ServeDrawings(argv[2], argv[3]) : 2;
@@ -80,7 +116,7 @@ int wmain(int argc, wchar_t** argv) {
     std::vector<PairResult> results;
     bool failed = false;
     const auto start = std::chrono::steady_clock::now();
-    for (const PairedBenchmark& pair : PairedBenchmarks()) {
+    for (const PairedBenchmark& pair : PairsByArea()) {
         if (std::strstr(pair.name, options.only.c_str()) == nullptr) continue;
         const auto pairStart = std::chrono::steady_clock::now();
         std::printf("%6.1f s  %s ...", SecondsSince(start), pair.name);
@@ -90,11 +126,9 @@ int wmain(int argc, wchar_t** argv) {
                     SecondsSince(pairStart));
         failed = failed || !results.back().failure.empty();
     }
-    PrintTable(results);
+    std::printf("\n");
+    PrintTable(results, stdout);
     std::printf("\n%zu paths in %.1f s\n", results.size(), SecondsSince(start));
-    if (!options.json.empty() && !WriteJson(results, options.json.c_str())) {
-        std::printf("%s can't be written\n", options.json.c_str());
-        failed = true;
-    }
+    failed = failed || !WriteFiles(results, options);
     return failed || results.empty() ? 1 : 0;
 }

@@ -30,34 +30,35 @@ const char* Mark(double value, double aim) {
     return value > aim ? "  MISSED" : "";
 }
 
-void PrintFigure(const PairResult& result, const ExtraFigure& figure) {
+void PrintFigure(const PairResult& result, const ExtraFigure& figure, FILE* file) {
     const auto ours = result.ours.figures.find(figure.name);
     const auto bare = result.bare.figures.find(figure.name);
     const std::string label = std::string("  ") + figure.name;
     if (ours == result.ours.figures.end()) {
-        std::printf("%-46s   NOT REPORTED\n", label.c_str());
+        std::fprintf(file, "%-46s   NOT REPORTED\n", label.c_str());
         return;
     }
     const double value = Median(ours->second);
     const std::string bareValue =
         bare == result.bare.figures.end() ? "" : Number(Median(bare->second));
-    std::printf("%-46s %12s %12s", label.c_str(), Number(value).c_str(), bareValue.c_str());
+    std::fprintf(file, "%-46s %12s %12s", label.c_str(), Number(value).c_str(), bareValue.c_str());
     if (figure.aim != ExtraFigure::noAim) {
-        std::printf("%25s %6s%s", "", Number(figure.aim).c_str(), Mark(value, figure.aim));
+        std::fprintf(file, "%25s %6s%s", "", Number(figure.aim).c_str(), Mark(value, figure.aim));
     }
-    std::printf("\n");
+    std::fprintf(file, "\n");
 }
 
-void PrintTimes(const PairResult& result) {
+void PrintTimes(const PairResult& result, FILE* file) {
     const PairedBenchmark& pair = result.pair;
-    std::printf("%-46s %12s", pair.name, Time(Median(result.ours.nanoseconds)).c_str());
+    std::fprintf(file, "%-46s %12s", pair.name, Time(Median(result.ours.nanoseconds)).c_str());
     if (!result.ratios.empty()) {
         const double ratio = Median(result.ratios);
-        std::printf(" %12s %7.3f %7.3f..%7.3f", Time(Median(result.bare.nanoseconds)).c_str(),
-                    ratio, Quantile(result.ratios, 0.25), Quantile(result.ratios, 0.75));
-        if (pair.aim > 0) std::printf(" %6.2f%s", pair.aim, Mark(ratio, pair.aim));
+        std::fprintf(file, " %12s %7.3f %7.3f..%7.3f",
+                     Time(Median(result.bare.nanoseconds)).c_str(), ratio,
+                     Quantile(result.ratios, 0.25), Quantile(result.ratios, 0.75));
+        if (pair.aim > 0) std::fprintf(file, " %6.2f%s", pair.aim, Mark(ratio, pair.aim));
     }
-    std::printf("\n");
+    std::fprintf(file, "\n");
 }
 
 std::string Quoted(const std::string& text) {
@@ -114,17 +115,17 @@ void WriteResult(std::ostream& file, const PairResult& result) {
 
 }  // namespace
 
-void PrintTable(const std::vector<PairResult>& results) {
-    std::printf("\n%-46s %12s %12s %7s %16s %6s\n", "path", "ours", "bare", "ratio", "middle half",
-                "aim");
+void PrintTable(const std::vector<PairResult>& results, FILE* file) {
+    std::fprintf(file, "%-46s %12s %12s %7s %16s %6s\n", "path", "ours", "bare", "ratio",
+                 "middle half", "aim");
     for (const PairResult& result : results) {
         if (!result.failure.empty()) {
-            std::printf("%-46s   FAILED: %s\n", result.pair.name, result.failure.c_str());
+            std::fprintf(file, "%-46s   FAILED: %s\n", result.pair.name, result.failure.c_str());
             continue;
         }
-        PrintTimes(result);
+        PrintTimes(result, file);
         for (const ExtraFigure& figure : result.pair.figures)
-            PrintFigure(result, figure);
+            PrintFigure(result, figure, file);
     }
 }
 
