@@ -7,6 +7,8 @@
 #define IDD_TAB_MAIN 202
 #define IDD_PAGE 203
 #define IDD_PLAIN_FORM 204
+#define IDD_BARE_TABS 205
+#define IDD_BARE_PAGE 206
 
 #define IDC_NOTE 10
 #define IDC_FIELD 11
