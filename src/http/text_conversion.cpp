@@ -2,8 +2,6 @@
 
 #include <windows.h>
 
-#include <cstring>
-
 std::wstring AnsiToWide(const std::string& text) {
     if (text.empty()) return {};
     const int length = static_cast<int>(text.size());
@@ -21,9 +19,10 @@ std::string Utf8ToAnsi(std::string text) {
     MultiByteToWideChar(CP_UTF8, 0, text.c_str(), -1, wide.data(), wideSize);
 
     const int size = WideCharToMultiByte(CP_ACP, 0, wide.c_str(), -1, nullptr, 0, nullptr, nullptr);
-    // The result takes the text's place, so that a large one isn't held three times.
-    text.assign(size, '\0');
-    WideCharToMultiByte(CP_ACP, 0, wide.c_str(), -1, text.data(), size, nullptr, nullptr);
-    text.resize(std::strlen(text.c_str()));
+    // The result takes the text's place, so that a large one isn't held three times. Its NUL takes
+    // the place of the string's own.
+    text.resize(size > 0 ? size - 1 : 0);
+    if (WideCharToMultiByte(CP_ACP, 0, wide.c_str(), -1, text.data(), size, nullptr, nullptr) == 0)
+        text.clear();
     return text;
 }
