@@ -17,10 +17,13 @@ int Distance(const std::uint8_t* pixel, std::uint32_t color) {
 
 void KeyOutColor(const PixelRows& pixels, std::uint32_t color) {
     constexpr std::size_t bytesOfPixel = 4;
-    for (unsigned y = 0; y < pixels.height; ++y) {
-        std::uint8_t* const row = pixels.firstRow + static_cast<std::ptrdiff_t>(y) * pixels.stride;
-        for (unsigned x = 0; x < pixels.width; ++x) {
-            std::uint8_t* const pixel = row + bytesOfPixel * x;
+    // A copy: the bytes written below could otherwise be its own, and it would be read again at
+    // every pixel.
+    const PixelRows rows = pixels;
+    for (unsigned y = 0; y < rows.height; ++y) {
+        std::uint8_t* pixel = rows.firstRow + static_cast<std::ptrdiff_t>(y) * rows.stride;
+        const std::uint8_t* const end = pixel + bytesOfPixel * rows.width;
+        for (; pixel != end; pixel += bytesOfPixel) {
             if (Distance(pixel, color) <= keyDistance) pixel[3] = 0;
         }
     }
