@@ -110,7 +110,7 @@ TEST(LispLimits, ErrorFunctionHasRoomAfterDeepRecursion) {
     EXPECT_EQ(host.printed, L"<internal stack limit reached>");
 }
 
-TEST(LispLimits, LongAndDeepListsAreFreedComparedAndPrinted) {
+TEST(LispLimits, LongAndDeepListsAreFreedComparedPrintedAndShared) {
     TestHost host;
     LispInterpreter interpreter(host);
     interpreter.Evaluate(
@@ -120,6 +120,8 @@ TEST(LispLimits, LongAndDeepListsAreFreedComparedAndPrinted) {
     EXPECT_EQ(Shown(interpreter, L"(length long)"), L"100000");
     EXPECT_EQ(Shown(interpreter, L"(equal deep other)"), L"T");
     EXPECT_EQ(Shown(interpreter, L"(strlen (vl-prin1-to-string deep))"), L"200003");
+    EXPECT_EQ(Shown(interpreter, L"(null (vl-bb-set 'b deep))"), L"nil");
+    EXPECT_EQ(Shown(interpreter, L"(vl-bb-set 'b nil)"), L"nil");
     EXPECT_EQ(Shown(interpreter, L"(setq long nil deep nil other nil)"), L"nil");
 }
 

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(Recursion, LispMayCallItselfTenThousandDeep) {
+TEST(RecursionLimits, LispMayCallItselfTenThousandDeep) {
     const HostRun run(L"",
                       L"(defun down (n) (if (= n 0) 0 (+ 1 (down (- n 1)))))\n(down 10000)\n"
                       L"(defun endless (n) (setq deepest n) (endless (+ n 1)))\n(endless 1)\n"
