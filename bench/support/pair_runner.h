@@ -25,7 +25,7 @@ struct PairResult {
 struct RoundLimits {
     int fewestRounds = 9;
     int mostRounds = 199;
-    double seconds = 2.5;
+    double seconds = 3.5;
 };
 
 /// Runs both sides of the pair in each round, as many iterations of one as of the other, ours first
