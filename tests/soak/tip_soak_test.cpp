@@ -32,7 +32,7 @@ class TipSoak : public testing::Test {
     void Round(DWORD imageId) {
         OpenTipPlus::deletions = 0;
         auto* const tip = new OpenTipPlus(owner, GetModuleHandleW(nullptr));
-        ASSERT_TRUE(tip->AddTip(RECT{0, 0, 200, 200}, new TipDataPlus(L"a text 提示", imageId)));
+        ASSERT_TRUE(tip->AddTip(RECT{0, 0, 200, 200}, new TipDataPlus(L"提", imageId)));
         platform.cursor = {150, 150};
         tip->RelayMouseMove();
         Tick(*tip, OpenTipPlus::HoverTimer, 1);
