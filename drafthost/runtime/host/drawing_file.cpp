@@ -1,7 +1,7 @@
 #include "runtime/host/drawing_file.h"
 
-#include "runtime/host/file_attributes.h"
 #include "runtime/host/full_path.h"
+#include "runtime/lisp/file_attributes.h"
 
 #include <windows.h>
 

@@ -67,11 +67,7 @@ void ReportDefinitions(const Document& document) {
 OpenResult OpenDrawing(const std::wstring& file, std::wstring* problem) {
     std::wstring line;
     const OpenResult result = OpenFile(file, line);
-    if (problem != nullptr) {
-        *problem = line;
-    } else if (!line.empty()) {
-        PrintLine(line);
-    }
+    TellProblem(line, problem);
     return result;
 }
 
@@ -80,7 +76,7 @@ OpenResult NewDrawing() {
     std::wstring problem;
     const OpenResult result =
         OpenDocument(L"Drawing" + std::to_wstring(++count) + L".dwg", problem);
-    if (!problem.empty()) PrintLine(problem);
+    TellProblem(problem, nullptr);
     return result;
 }
 

@@ -1,20 +1,15 @@
 #include "runtime/host/profile.h"
 
 #include "runtime/host/same_name.h"
+#include "runtime/lisp/owned_key.h"
 
 #include <windows.h>
 
-#include <memory>
 #include <vector>
 
 namespace drafthost {
 
 namespace {
-
-struct KeyCloser {
-    void operator()(HKEY key) const noexcept { RegCloseKey(key); }
-};
-using OwnedKey = std::unique_ptr<std::remove_pointer_t<HKEY>, KeyCloser>;
 
 std::wstring g_profile = L"Default";
 

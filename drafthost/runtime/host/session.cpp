@@ -30,11 +30,7 @@ void ShutDownHost() {
 LoadResult LoadModule(const std::wstring& file, std::wstring* problem) {
     std::wstring line;
     const LoadResult result = ModuleTable::Instance().Load(file, line);
-    if (problem != nullptr) {
-        *problem = line;
-    } else if (!line.empty()) {
-        PrintLine(line);
-    }
+    TellProblem(line, problem);
     return result;
 }
 

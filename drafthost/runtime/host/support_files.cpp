@@ -1,9 +1,9 @@
 #include "runtime/host/support_files.h"
 
-#include "runtime/host/file_attributes.h"
 #include "runtime/host/full_path.h"
 #include "runtime/host/search_path.h"
 #include "runtime/host/services.h"
+#include "runtime/lisp/file_attributes.h"
 
 #include "runtime/control.h"
 

@@ -83,6 +83,14 @@ void PrintNote(const std::wstring& line) {
     if (g_verbose) PrintLine(line);
 }
 
+void TellProblem(const std::wstring& line, std::wstring* wanted) {
+    if (wanted != nullptr) {
+        *wanted = line;
+    } else if (!line.empty()) {
+        PrintLine(line);
+    }
+}
+
 void SetVerbose(bool verbose) {
     g_verbose = verbose;
 }

@@ -11,6 +11,9 @@ namespace drafthost {
 /// As PrintLine in a verbose session, else nothing.
 void PrintNote(const std::wstring& line);
 
+/// Gives what went wrong, if anything did, to the caller who wants it, else to the command line.
+void TellProblem(const std::wstring& line, std::wstring* wanted);
+
 void SetVerbose(bool verbose);
 
 }  // namespace drafthost

@@ -1,5 +1,6 @@
 #include "runtime/lisp/arguments.h"
 #include "runtime/lisp/evaluator.h"
+#include "runtime/lisp/file_attributes.h"
 #include "runtime/lisp/file_name.h"
 #include "runtime/lisp/function_tables.h"
 
@@ -16,15 +17,6 @@ namespace {
 
 using Arguments = std::vector<LispValue>;
 namespace files = std::filesystem;
-
-bool IsThere(const std::wstring& path) {
-    return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
-}
-
-bool IsFolder(const std::wstring& path) {
-    const DWORD attributes = GetFileAttributesW(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-}
 
 std::optional<std::uint64_t> SizeOf(const std::wstring& path) {
     WIN32_FILE_ATTRIBUTE_DATA data = {};
@@ -103,7 +95,7 @@ LispValue CopyOneFile(LispEvaluator&, const Arguments& arguments) {
     const bool appends = arguments.size() == 3 && !arguments[2].IsNil();
     const auto size = SizeOf(source);
     if (!size || IsFolder(source)) return LispValue();
-    const bool copied = appends && IsThere(target)
+    const bool copied = appends && Exists(target)
                             ? Append(source, target)
                             : CopyFileW(source.c_str(), target.c_str(), TRUE) != FALSE;
     return copied ? SizeValue(*size) : LispValue();
@@ -138,7 +130,7 @@ LispValue MakeTemporaryName(LispEvaluator&, const Arguments& arguments) {
         std::wstring number = std::to_wstring(++count);
         number.insert(0, 3 - std::min<std::size_t>(3, number.size()), L'0');
         path = folder + pattern.base + number + extension;
-    } while (IsThere(path));
+    } while (Exists(path));
     return LispValue::String(path);
 }
 

@@ -1,22 +1,17 @@
 #include "runtime/lisp/arguments.h"
 #include "runtime/lisp/evaluator.h"
 #include "runtime/lisp/function_tables.h"
+#include "runtime/lisp/owned_key.h"
 
 #include <windows.h>
 
 #include <algorithm>
-#include <memory>
 
 namespace drafthost {
 
 namespace {
 
 using Arguments = std::vector<LispValue>;
-
-struct KeyCloser {
-    void operator()(HKEY key) const noexcept { RegCloseKey(key); }
-};
-using OwnedKey = std::unique_ptr<std::remove_pointer_t<HKEY>, KeyCloser>;
 
 /// A key's path, "HKEY_CURRENT_USER\\Software\\...", in its two parts.
 struct KeyPath {
