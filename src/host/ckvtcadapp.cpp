@@ -9,6 +9,7 @@
 #include <acutads.h>
 
 CKVTCADApp g_application;
+static_assert((CKVTCADApp(), true), "built by the compiler, not at the start of the module");
 
 HINSTANCE GetApplicationInstance() {
     return g_application.m_hInstance;

@@ -20,6 +20,7 @@ AcRxClass* HostClassOnce(AcRxClass*& known, const wchar_t* name) {
 
 }  // namespace
 
+// Meant: the calls on both services aren't guarded against null; the host is taken to have them.
 AcRxDynamicLinker* DynamicLinker() {
     AcRxObject* object = acrxSysRegistry()->at(L"DynamicLinker");
     if (object == nullptr || !object->isA()->isDerivedFrom(AcRxDynamicLinker::desc())) {

@@ -33,10 +33,6 @@ namespace {
 
 class LogSetup : public LogTest {};
 
-}  // namespace
-
-namespace {
-
 BOOL WINAPI MakesNoFolder(const wchar_t*, SECURITY_ATTRIBUTES*) {
     return FALSE;
 }

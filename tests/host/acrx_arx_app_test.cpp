@@ -5,6 +5,7 @@
 #include "host/lisp_recorder.h"
 #include "host/load_kvt_command.h"
 #include "host/module_handles.h"
+#include "host/with_components.h"
 #include "support/call_journal.h"
 
 #include <gtest/gtest.h>
@@ -14,11 +15,6 @@
 namespace {
 
 using Calls = std::vector<std::wstring>;
-
-class App : public AcRxArxApp {
-  public:
-    void RegisterServerComponents() override { CallJournal::Add(L"RegisterServerComponents"); }
-};
 
 int g_called = 0;
 
@@ -41,7 +37,7 @@ class AcRxArxAppTest : public testing::Test {
     ~AcRxArxAppTest() override { g_moduleInstance = nullptr; }
 
     const FakeHost m_host;
-    App m_app;
+    WithComponents<AcRxArxApp> m_app;
 
   private:
     const LispRecorder m_recorder;

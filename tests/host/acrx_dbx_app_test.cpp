@@ -2,7 +2,9 @@
 
 #include "host/fake_host.h"
 #include "host/module_handles.h"
+#include "host/with_components.h"
 #include "support/call_journal.h"
+#include "support/child_scenario.h"
 
 #include <gtest/gtest.h>
 
@@ -54,12 +56,6 @@ class Recorder : public AcRxDbxApp {
 /// The bare base, as a class that can be made.
 class Plain : public AcRxDbxApp {};
 
-/// The base with its one hook for derived classes.
-class WithComponents : public AcRxDbxApp {
-  public:
-    void RegisterServerComponents() override { CallJournal::Add(L"RegisterServerComponents"); }
-};
-
 using Calls = std::vector<std::wstring>;
 
 /// Puts a handle into `g_moduleInstance` for one test.
@@ -70,6 +66,29 @@ class ModuleInstance {
     ModuleInstance& operator=(const ModuleInstance&) = delete;
     ~ModuleInstance() { g_moduleInstance = nullptr; }
 };
+
+/// A start in a host that has no services, with these flags.
+int StartWithoutServices(bool unlockOnInit, bool mdiAware) {
+    FakeHost host;
+    host.m_registry.m_entries.clear();
+    Plain app;
+    app.m_unlockOnInit = unlockOnInit;
+    app.m_mdiAware = mdiAware;
+    app.On_kInitAppMsg(packet);
+    return 0;
+}
+
+CHILD_SCENARIO(UnlocksWithoutLinker) {
+    return StartWithoutServices(true, false);
+}
+
+CHILD_SCENARIO(IsMdiAwareWithoutLinker) {
+    return StartWithoutServices(false, true);
+}
+
+CHILD_SCENARIO(NeedsNoLinker) {
+    return StartWithoutServices(false, false);
+}
 
 }  // namespace
 
@@ -139,12 +158,13 @@ TEST(AcRxDbxApp, WhatItDoesNotHandleIsAnsweredOkAndDoesNothing) {
 TEST(AcRxDbxApp, TheStartLooksTheLinkerUpForEachOfItsTwoCalls) {
     const FakeHost host;
     const ModuleInstance module(GetModuleHandleW(nullptr));
-    WithComponents app;
+    WithComponents<AcRxDbxApp> app;
 
     EXPECT_EQ(app.On_kInitAppMsg(packet), AcRx::kRetOK);
 
     EXPECT_EQ(app.m_hInstance, GetModuleHandleW(nullptr));
-    EXPECT_EQ(host.m_linker.m_packet, packet);
+    EXPECT_EQ(host.m_linker.m_unlockPacket, packet);
+    EXPECT_EQ(host.m_linker.m_mdiAwarePacket, packet);
     EXPECT_EQ(CallJournal::Calls(),
               (Calls{L"at DynamicLinker", L"unlockApplication", L"at DynamicLinker",
                      L"registerAppMDIAware", L"RegisterServerComponents"}));
@@ -163,4 +183,10 @@ TEST(AcRxDbxApp, EachDeclarationHangsOnItsOwnFlag) {
     app.m_mdiAware = false;
     app.On_kInitAppMsg(packet);
     EXPECT_EQ(CallsBesideLookUps(), Calls{L"unlockApplication"});
+}
+
+TEST(AcRxDbxApp, MeantAHostWithoutLinkerCrashesTheStart) {
+    EXPECT_EQ(RunScenario(L"UnlocksWithoutLinker").exitCode, 0xC0000005);
+    EXPECT_EQ(RunScenario(L"IsMdiAwareWithoutLinker").exitCode, 0xC0000005);
+    EXPECT_EQ(RunScenario(L"NeedsNoLinker").exitCode, 0u);
 }

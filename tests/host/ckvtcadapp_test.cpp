@@ -172,8 +172,12 @@ TEST_F(CKVTCADAppTest, TheEndOfADrawingUndefinesAndTheQuitDoesNothing) {
 }
 
 TEST_F(CKVTCADAppTest, TheEntryPointForwardsToTheApplicationObject) {
-    EXPECT_EQ(acrxEntryPoint(AcRx::kInitAppMsg, nullptr), AcRx::kRetOK);
+    int packet = 0;
+
+    EXPECT_EQ(acrxEntryPoint(AcRx::kInitAppMsg, &packet), AcRx::kRetOK);
     EXPECT_EQ(CallJournal::Calls().back(), L"acutPrintf " + WelcomeBanner(L"3.5.1"));
+    EXPECT_EQ(m_stage.m_host.m_linker.m_unlockPacket, &packet);
+    EXPECT_EQ(m_stage.m_host.m_linker.m_mdiAwarePacket, &packet);
 
     CallJournal::Clear();
     for (const unsigned code : {0u, 6u, 7u, 8u, 15u, 16u, 0xFFFFFFFFu}) {
@@ -183,7 +187,6 @@ TEST_F(CKVTCADAppTest, TheEntryPointForwardsToTheApplicationObject) {
 }
 
 TEST_F(CKVTCADAppTest, ARefusedStartReachesTheHostThroughTheEntryPoint) {
-    m_stage.m_installation.m_registry.SetValue(L"Location", REG_BINARY, std::string(40, 'x'));
     m_stage.m_installation.m_registry.SetLocation(m_stage.m_installation.Location() + L"\\no");
 
     EXPECT_EQ(acrxEntryPoint(AcRx::kInitAppMsg, nullptr), AcRx::kRetError);

@@ -5,6 +5,7 @@
 #include "host/class_table.h"
 #include "host/fake_host.h"
 #include "host/section_table.h"
+#include "host/with_components.h"
 #include "support/call_journal.h"
 
 #include <gtest/gtest.h>
@@ -39,19 +40,10 @@ DbxClassEntry g_derivedRow = {&DerivedDesc, &InitDerived, false};
 SECTION_TABLE_ROW(DBXCUSTO, 001, DbxClassEntry, g_derivedRow);
 SECTION_TABLE_ROW(DBXCUSTO, 002, DbxClassEntry, g_baseRow);
 
-namespace {
-
-class App : public AcRxArxApp {
-  public:
-    void RegisterServerComponents() override { CallJournal::Add(L"RegisterServerComponents"); }
-};
-
-}  // namespace
-
 TEST(ClassOrder, ClassesComeBeforeCommandsInBothDirections) {
     const FakeHost host;
     const ClassRecorder classes;
-    App app;
+    WithComponents<AcRxArxApp> app;
 
     EXPECT_EQ(app.On_kInitAppMsg(nullptr), AcRx::kRetOK);
     EXPECT_TRUE(g_baseRow.registered && g_derivedRow.registered);

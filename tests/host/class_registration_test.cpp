@@ -83,6 +83,13 @@ auto Turn(int index) {
            g_deletions.begin();
 }
 
+int g_parentQuestions = 0;
+
+/// Every class is its own parent, up to a number of questions that no walk needs.
+AcRxClass* OwnParent(const AcRxClass* descriptor) {
+    return ++g_parentQuestions <= 50 ? const_cast<AcRxClass*>(descriptor) : nullptr;
+}
+
 void MarkAllRegistered() {
     for (DbxClassEntry& row : g_rows)
         row.registered = true;
@@ -132,6 +139,22 @@ TEST_F(ClassRegistrationTest, DerivedClassesGoFirstWhateverTheOrderOfSlots) {
         for (const DbxClassEntry& row : g_rows)
             EXPECT_FALSE(row.registered);
     } while (std::next_permutation(order.begin(), order.end()));
+    MarkAllRegistered();  // For the clean-up.
+}
+
+TEST_F(ClassRegistrationTest, ARowIsNotTakenForOneDerivedFromItself) {
+    Register();
+    const ImportHook<decltype(&deleteAcRxClass)> deletion(
+        "drafthost17.dll", "_Z15deleteAcRxClassP9AcRxClass", &NoteDeletion);
+    const ImportHook<decltype(&OwnParent)> parent("drafthost17.dll", "_ZNK9AcRxClass8myParentEv",
+                                                  &OwnParent);
+    g_deletions.clear();
+    g_parentQuestions = 0;
+
+    RemoveClasses(Table());
+
+    EXPECT_EQ(g_deletions,
+              (std::vector<AcRxClass*>{g_classes[A], g_classes[B], g_classes[C], g_classes[D]}));
     MarkAllRegistered();  // For the clean-up.
 }
 

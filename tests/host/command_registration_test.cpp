@@ -4,7 +4,9 @@
 #include "host/host_services.h"
 #include "host/load_kvt_command.h"
 #include "host/resource_name.h"
+#include "host/string_resources.h"
 #include "support/call_journal.h"
+#include "support/child_scenario.h"
 
 #include <gtest/gtest.h>
 
@@ -27,6 +29,20 @@ const SlotRange<ArxCommandEntry> table(&g_slots[0], &g_slots[5]);
 
 HINSTANCE Module() {
     return GetModuleHandleW(nullptr);
+}
+
+CHILD_SCENARIO(RegistersWithoutStack) {
+    FakeHost host;
+    host.m_registry.m_entries.clear();
+    RegisterCommands(table, Module());
+    return 0;
+}
+
+CHILD_SCENARIO(RemovesWithoutStack) {
+    FakeHost host;
+    host.m_registry.m_entries.clear();
+    RemoveCommands(table);
+    return 0;
 }
 
 }  // namespace
@@ -68,6 +84,22 @@ TEST(RegisterCommands, ANullLocalNameComesFromTheStringResourceCutAt131) {
     ASSERT_EQ(host.m_commands.m_added.size(), 3u);
     EXPECT_EQ(host.m_commands.m_added[2].localName.size(), 131u);
     EXPECT_EQ(host.m_commands.m_added[2].localName.substr(0, 11), L"甲234567890甲");
+}
+
+TEST(RegisterCommands, TheStringResourceIsThatOfTheInstanceGiven) {
+    FakeHost host;
+    const StringResources resources;
+    const auto instance = reinterpret_cast<HINSTANCE>(static_cast<ULONG_PTR>(0x7770000));
+
+    RegisterCommands(table, instance);
+
+    ASSERT_EQ(host.m_commands.m_added.size(), 3u);
+    EXPECT_EQ(host.m_commands.m_added[2].localName, StringResources::Text(instance, 200));
+}
+
+TEST(RegisterCommands, MeantAHostWithoutStackCrashesIt) {
+    EXPECT_EQ(RunScenario(L"RegistersWithoutStack").exitCode, 0xC0000005);
+    EXPECT_EQ(RunScenario(L"RemovesWithoutStack").exitCode, 0xC0000005);
 }
 
 TEST(RegisterCommands, LooksTheStackUpForEachRowAndGoesOnAfterARefusal) {

@@ -158,17 +158,17 @@ TEST(AcApDataManager, OtherEventsCauseNothing) {
     CallJournal::Clear();
     AcApDocManagerReactor& reactor = manager;
 
-    reactor.documentCreateStarted(Document(1));
-    reactor.documentCreated(Document(1));
-    reactor.documentCreateCanceled(Document(1));
-    reactor.documentLockModeWillChange(Document(1), 0, 1, 0, L"X");
-    reactor.documentLockModeChangeVetoed(Document(1), L"X");
-    reactor.documentLockModeChanged(Document(1), 0, 1, 0, L"X");
-    reactor.documentBecameCurrent(Document(1));
-    reactor.documentToBeActivated(Document(1));
-    reactor.documentToBeDeactivated(Document(1));
+    reactor.documentCreateStarted(Document(2));
+    reactor.documentCreated(Document(2));
+    reactor.documentCreateCanceled(Document(2));
+    reactor.documentLockModeWillChange(Document(2), 0, 1, 0, L"X");
+    reactor.documentLockModeChangeVetoed(Document(2), L"X");
+    reactor.documentLockModeChanged(Document(2), 0, 1, 0, L"X");
+    reactor.documentBecameCurrent(Document(2));
+    reactor.documentToBeActivated(Document(2));
+    reactor.documentToBeDeactivated(Document(2));
     reactor.documentActivationModified(true);
-    reactor.documentActivated(Document(1));
+    reactor.documentActivated(Document(2));
     reactor.documentDestroyed(L"a.dwg");
 
     EXPECT_EQ(CallJournal::Calls(), Calls{});

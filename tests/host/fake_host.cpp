@@ -22,13 +22,13 @@ AcRxObject* FakeDictionary::at(const ACHAR* key) const {
 
 bool FakeLinker::unlockApplication(void* packet) const {
     CallJournal::Add(L"unlockApplication");
-    m_packet = packet;
+    m_unlockPacket = packet;
     return false;
 }
 
 bool FakeLinker::registerAppMDIAware(void* packet) const {
     CallJournal::Add(L"registerAppMDIAware");
-    m_packet = packet;
+    m_mdiAwarePacket = packet;
     return false;
 }
 

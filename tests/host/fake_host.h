@@ -41,7 +41,8 @@ class FakeLinker : public AcRxDynamicLinker {
     bool lockApplication(void*) const override { return false; }
     bool registerAppMDIAware(void* packet) const override;
 
-    mutable void* m_packet = nullptr;  ///< the last one given
+    mutable void* m_unlockPacket = nullptr;    ///< the last one given to `unlockApplication`
+    mutable void* m_mdiAwarePacket = nullptr;  ///< the last one given to `registerAppMDIAware`
 };
 
 /// Refuses every command.

@@ -40,8 +40,8 @@ class Derived : public Service {
     DerivedClass m_class;
 };
 
-/// Whether a second call asked the registry for exactly these, and a first one for these and the
-/// class before.
+/// Whether a first call asked the registry for the object and then for its class, and a second one
+/// for the object alone.
 CHILD_SCENARIO(CommandStackAsksForItsClassOnce) {
     FakeHost host;
     CommandStack();

@@ -5,8 +5,8 @@
 #include "host/lisp_recorder.h"
 #include "host/lisp_table.h"
 #include "host/section_table.h"
+#include "host/string_resources.h"
 #include "support/call_journal.h"
-#include "support/import_hook.h"
 
 #include <gtest/gtest.h>
 
@@ -24,13 +24,6 @@ AdsSymbolEntry g_named = {nullptr, &DoNothing, false, 7};
 
 const HINSTANCE instance = reinterpret_cast<HINSTANCE>(static_cast<ULONG_PTR>(0x7770000));
 
-int WINAPI LoadName(HINSTANCE given, UINT id, LPWSTR buffer, int capacity) {
-    EXPECT_EQ(given, instance);
-    const std::wstring name = L"name " + std::to_wstring(id);
-    lstrcpynW(buffer, name.c_str(), capacity);
-    return static_cast<int>(name.size());
-}
-
 class App : public AcRxArxApp {};
 
 }  // namespace
@@ -38,7 +31,7 @@ class App : public AcRxArxApp {};
 SECTION_TABLE_ROW(ADSSYMBO, 002, AdsSymbolEntry, g_named);
 
 TEST(LispRow, ItsNameIsTakenFromTheResourcesOfTheModuleAtBothEndsOfADrawing) {
-    const ImportHook<decltype(&LoadStringW)> load("USER32.dll", "LoadStringW", &LoadName);
+    const StringResources resources;
     const LispRecorder recorder;
     App app;
     app.m_hInstance = instance;
@@ -47,6 +40,8 @@ TEST(LispRow, ItsNameIsTakenFromTheResourcesOfTheModuleAtBothEndsOfADrawing) {
     app.On_kLoadDwgMsg(nullptr);
     app.On_kUnloadDwgMsg(nullptr);
 
-    EXPECT_EQ(CallJournal::Calls(), (Calls{L"acedDefun GetKVTPath 0", L"acedDefun name 7 1",
-                                           L"acedUndef GetKVTPath 0", L"acedUndef name 7 1"}));
+    const std::wstring name = StringResources::Text(instance, 7);
+    EXPECT_EQ(CallJournal::Calls(),
+              (Calls{L"acedDefun GetKVTPath 0", L"acedDefun " + name + L" 1",
+                     L"acedUndef GetKVTPath 0", L"acedUndef " + name + L" 1"}));
 }
