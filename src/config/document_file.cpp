@@ -32,6 +32,7 @@ void ReadDocument(tinyxml2::XMLDocument& document, const char* narrowPath) {
 void WriteDocument(tinyxml2::XMLDocument& document, const char* narrowPath) {
     constexpr bool compact = false;
     if (const OwnedFile file = OpenFile(narrowPath, "w")) {
+        // Meant: a write that fails, as on a full disk, goes unnoticed: the printer doesn't look.
         document.SaveFile(file.get(), compact);
     } else {
         document.SaveFile(narrowPath, compact);

@@ -36,6 +36,7 @@ bool SetUpEnvironment() {
     const bool versionRead = ReadInstallValue(L"Version", InstallVersion);
     // Meant: a plain file is present too.
     const bool installPresent = ProbePath(InstallLocation) != PathAbsent;
+    // Meant: no test of the location; an empty one gives "\config.xml" on the current drive.
     const bool configLoaded = configuration.Load(InstallLocation + L"\\config.xml");
     // Meant: the element's presence alone turns the log on, whatever it says.
     if (configuration.IndexOf("Config.EnableLog") != -1) {

