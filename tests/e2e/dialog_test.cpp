@@ -51,14 +51,6 @@ TEST_F(Dialog, IsPicturedAndAnsweredEachTimeWhileTheSessionGoesOn) {
     }
 }
 
-TEST_F(Dialog, IsAnsweredByItsCloseBoxWhenTold) {
-    const HostRun run = Run(L"--answer close", L"LoadKVT\n(+ 40 2)\nQUIT\n");
-
-    EXPECT_EQ(run.exitCode, 0u) << run.errors;
-    EXPECT_NE(run.console.find(L"42"), std::wstring::npos);
-    EXPECT_FALSE(std::filesystem::exists(m_pictures));
-}
-
 TEST_F(Dialog, PictureFolderThatCantBeMadeEndsTheRunAhead) {
     WriteFileBytes(m_installation.Folder() + L"\\图片", "a file in the way");
 
