@@ -10,8 +10,9 @@ setup: ## Packages, cross-built libraries and the Wine prefix: what `make run` n
 	@tools/setup-dependencies
 	@tools/setup-prefix
 
-setup-tests: setup ## What the tests need beside that
-	@tools/setup-packages test
+setup-tests: ## What the tests need beside that
+	@tools/setup-packages run test
+	@$(MAKE) --no-print-directory setup
 	@tools/setup-web-server
 
 # Only what `make run` needs.
@@ -21,10 +22,10 @@ programs: setup
 build: setup-tests ## Cross-build the module, the stand-in host, the tests and the examples
 	@tools/build
 
-test: build ## Run every test
+test: build ## The tests; the slow runs with the heap validated are in test-heap
 	@tools/wine-session ctest --preset drafthost
 
-test-heap: build ## Every test with the heap validated; `make test` has the quick ones
+test-heap: build ## The tests with the heap validated; `make test` has the quick ones
 	@tools/wine-session ctest --preset heap
 
 run: programs ## Start drafthost with module and demo; DAMAGED=1 breaks the config.xml first

@@ -1,5 +1,5 @@
-# Sourced: apt-get with sources and lists of its own in the build tree, made from the system's
-# Debian entries with their source packages added.
+# Sourced behind steps.sh: apt-get with sources and lists of its own in the build tree, made from the
+# system's Debian entries with their source packages added.
 # shellcheck shell=bash
 
 PRIVATE_APT=$BUILD/apt
@@ -35,6 +35,14 @@ private_apt() {
         -o Dir::State::Lists="$PRIVATE_APT/lists" \
         -o Dir::Cache="$PRIVATE_APT/cache" \
         -o APT::Sandbox::User=root \
+        -o APT::Keep-Downloaded-Packages=false \
         -o Acquire::Languages=none \
         "$@"
+}
+
+# Fetches the package lists, unless that was done within the hour.
+refresh_package_lists() {
+    [ -z "$(find "$PRIVATE_APT/refreshed" -mmin -60 2>/dev/null)" ] || return 0
+    private_apt update
+    touch "$PRIVATE_APT/refreshed"
 }

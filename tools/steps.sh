@@ -21,10 +21,12 @@ step() {
     log=$LOGS/$name.log
     started=$SECONDS
     printf '== %s\n' "$title"
+    # A process group of its own, so that Ctrl+C ends the step with all that it runs.
+    set -m
     "$@" >"$log" 2>&1 </dev/null &
     pid=$!
-    # A command in the background doesn't see Ctrl+C by itself.
-    trap 'kill "$pid" 2>/dev/null; exit 130' INT TERM
+    set +m
+    trap 'kill -- -"$pid" 2>/dev/null; exit 130' INT TERM
     while kill -0 "$pid" 2>/dev/null; do
         sleep 0.2
         waited=$((waited + 1))

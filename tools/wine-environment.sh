@@ -1,6 +1,6 @@
 # Sourced: the environment in which everything runs under Wine.
 # shellcheck shell=bash
-export WINEPREFIX=$BUILD/wine
+export WINEPREFIX=${KVT_WINE_PREFIX:-$BUILD/wine}
 export WINEARCH=win64
 export WINEDEBUG=${WINEDEBUG:--all}
 # Without the crash debugger a crash ends the process; with it, it would wait for a click.
