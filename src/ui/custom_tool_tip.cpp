@@ -183,6 +183,7 @@ void CustomToolTip::PlaceTip() {
     } else {
         position = PlaceByCursor({m_lastPoint.x, m_lastPoint.y}, tip, screen);
     }
+    // Meant: not enlarged for the border, which cuts the picture's last two columns and rows off.
     ::SetWindowPos(m_hWnd, nullptr, position.x, position.y, m_width, m_height, placementFlags);
 }
 
@@ -236,6 +237,7 @@ void CustomToolTip::CheckCursorLeft() {
     }
 }
 
+// Meant: the first tick draws level 0.0, which the show has drawn, and level 1.0 is never drawn.
 void CustomToolTip::StepFade() {
     if (FadeIsOver(m_fadeLevel)) {
         ::KillTimer(m_hWnd, FadeTimer);
@@ -291,5 +293,5 @@ BOOL CustomToolTip::OnEraseBkgnd(CDC*) {
 
 void CustomToolTip::OnActivate(UINT, CWnd*, BOOL) {
     Default();
-    ::SetActiveWindow(m_owner);
+    ::SetActiveWindow(m_owner);  // Meant: also when the message tells of a loss.
 }

@@ -22,7 +22,7 @@
 class CustomToolTip : public CWnd {
   public:
     /// Makes the window, still invisible; whether that worked isn't tested. `owner` gets the
-    /// activation back whenever the tip's window is given it, and must outlive the tip.
+    /// activation whenever the tip's window is given it or loses it, and must outlive the tip.
     CustomToolTip(HWND owner, bool fadeEnabled);
     CustomToolTip(const CustomToolTip&) = delete;
     CustomToolTip& operator=(const CustomToolTip&) = delete;

@@ -24,7 +24,8 @@ class TipDataPlus : public TipData {
 /// drawn.
 ///
 /// GDI+ must run while the tip exists; this class doesn't start it. Without it, or when the picture
-/// can't be made, the tip just isn't shown.
+/// can't be made, the tip just isn't shown. Once a tip has been drawn GDI+ must not be stopped and
+/// started again for a later one: the font family is fetched once for the process and kept.
 class CustomToolTipPlus : public CustomToolTip {
   public:
     /// As CustomToolTip with the fade on. Bitmaps come from `resources`.
