@@ -2,23 +2,17 @@
 
 #include "config/document_text.h"
 #include "support/child_scenario.h"
+#include "support/invalid_parameter_scope.h"
 #include "support/temp_folder.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 
 namespace {
 
 constexpr char fourElements[] = "<Config><A/><B/><C/><D/></Config>";
-
-struct LeftByHandler {};
-
-void LeaveByException(const wchar_t*, const wchar_t*, const wchar_t*, unsigned, uintptr_t) {
-    throw LeftByHandler();
-}
 
 }  // namespace
 
@@ -127,7 +121,7 @@ TEST(ConfigurationMoveTo, LosesAnElementForGoodWhenItVanishes) {
 }
 
 TEST(ConfigurationMoveTo, RaisesTheInvalidParameterAfterTheDeletion) {
-    const auto before = _set_invalid_parameter_handler(LeaveByException);
+    const InvalidParameterScope scope;
     for (const std::uint32_t index : {5u, 6u, 0xFFFFFFFFu}) {
         Configuration configuration;
         Parse(configuration, fourElements);
@@ -137,7 +131,6 @@ TEST(ConfigurationMoveTo, RaisesTheInvalidParameterAfterTheDeletion) {
         EXPECT_EQ(CompactText(configuration), "<Config><A/><C/><D/></Config>") << index;
         EXPECT_FALSE(configuration.modified) << index;
     }
-    _set_invalid_parameter_handler(before);
 }
 
 namespace {

@@ -1,28 +1,19 @@
 #include "runtime/checked_element.h"
 
+#include "support/invalid_parameter_scope.h"
+
 #include <gtest/gtest.h>
 
-#include <cstdint>
-#include <cstdlib>
 #include <vector>
 
 namespace {
 
-struct LeftByHandler {};
-
-void LeaveByException(const wchar_t*, const wchar_t*, const wchar_t*, unsigned, uintptr_t) {
-    throw LeftByHandler();
-}
-
 class CheckedElementTest : public testing::Test {
   protected:
-    CheckedElementTest() { m_before = _set_invalid_parameter_handler(LeaveByException); }
-    ~CheckedElementTest() override { _set_invalid_parameter_handler(m_before); }
-
     const std::vector<int> m_elements = {10, 11, 12};
 
   private:
-    _invalid_parameter_handler m_before;
+    InvalidParameterScope m_scope;
 };
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "runtime/invalid_parameter.h"
 
 #include "support/child_scenario.h"
+#include "support/invalid_parameter_scope.h"
 
 #include <gtest/gtest.h>
 
@@ -8,12 +9,6 @@
 #include <cstdlib>
 
 namespace {
-
-struct LeftByHandler {};
-
-void LeaveByException(const wchar_t*, const wchar_t*, const wchar_t*, unsigned, uintptr_t) {
-    throw LeftByHandler();
-}
 
 void Return(const wchar_t*, const wchar_t*, const wchar_t*, unsigned, uintptr_t) {}
 
@@ -35,11 +30,9 @@ constexpr unsigned long invalidParameterStatus = 0xC0000417;
 }  // namespace
 
 TEST(RaiseInvalidParameter, PassesOnTheExceptionOfAHandler) {
-    const auto before = _set_invalid_parameter_handler(LeaveByException);
+    const InvalidParameterScope scope;
 
     EXPECT_THROW(RaiseInvalidParameter(), LeftByHandler);
-
-    _set_invalid_parameter_handler(before);
 }
 
 TEST(RaiseInvalidParameter, EndsTheProcessByDefaultPastEveryCatchClause) {

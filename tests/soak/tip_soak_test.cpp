@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 namespace {
 
 constexpr int measuresOfATip = 1;
@@ -18,15 +20,14 @@ constexpr int rendersOfATip = 12;  // One as it comes up, eleven of the fade.
 class TipSoak : public testing::Test {
   protected:
     TipSoak() {
-        const Gdiplus::GdiplusStartupInput input;
-        Gdiplus::GdiplusStartup(&m_token, &input, nullptr);
         owner.CreateEx(0, AfxRegisterWndClass(0), L"", WS_POPUP, 100, 100, 600, 400, nullptr,
                        nullptr);
     }
-    ~TipSoak() override {
-        owner.DestroyWindow();
-        Gdiplus::GdiplusShutdown(m_token);
-    }
+    ~TipSoak() override { owner.DestroyWindow(); }
+
+    // One for all tests: a tip's font family doesn't outlive it.
+    static void SetUpTestSuite() { m_gdiplus = std::make_unique<GdiplusSession>(); }
+    static void TearDownTestSuite() { m_gdiplus.reset(); }
 
     /// Shows a tip with the text and the bitmap, and lets its pointer leave.
     void Round(DWORD imageId) {
@@ -56,7 +57,7 @@ class TipSoak : public testing::Test {
             tip.SendMessage(WM_TIMER, timer);
     }
 
-    ULONG_PTR m_token = 0;
+    static inline std::unique_ptr<GdiplusSession> m_gdiplus;
 };
 
 TEST_F(TipSoak, WithABitmap) {

@@ -1,8 +1,5 @@
 #include "ui/tip_scene.h"
 
-#include "support/call_journal.h"
-#include "support/import_hook.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -17,15 +14,6 @@ using CustomToolTipDismissals = TipSceneTest;
 constexpr UINT_PTR hover = RecordingTip::HoverTimer;
 constexpr UINT_PTR leave = RecordingTip::LeaveTimer;
 constexpr UINT_PTR idle = RecordingTip::IdleTimer;
-
-bool Same(POINT left, POINT right) {
-    return left.x == right.x && left.y == right.y;
-}
-
-LRESULT NoteDefault(CWnd*) {
-    CallJournal::Add(L"Default");
-    return 0;
-}
 
 }  // namespace
 
@@ -214,7 +202,7 @@ TEST_F(CustomToolTipDismissals, MoveOverTheParkedWindowAsksForNoCursorAndStopsTh
 TEST_F(CustomToolTipDismissals, MoveOverTheTipGoesToDefaultProcessingInEitherCase) {
     RestAt(inFirst);
     Calls();
-    const ImportHook<LRESULT (*)(CWnd*)> hook("drafthost17.dll", "_ZN4CWnd7DefaultEv", NoteDefault);
+    const NotedDefault noted;
 
     tip->SendMessage(WM_MOUSEMOVE);
     EXPECT_EQ(Calls().back(), L"Default");

@@ -1,10 +1,9 @@
 #include "ui/tip_scene.h"
 
+#include "support/invalid_parameter_scope.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <cstdint>
-#include <cstdlib>
 
 // A render that can't draw, and indices that name nothing.
 
@@ -16,19 +15,8 @@ constexpr UINT_PTR hover = RecordingTip::HoverTimer;
 constexpr UINT_PTR leave = RecordingTip::LeaveTimer;
 constexpr UINT_PTR fade = RecordingTip::FadeTimer;
 
-struct LeftByHandler {};
-
-void LeaveByException(const wchar_t*, const wchar_t*, const wchar_t*, unsigned, uintptr_t) {
-    throw LeftByHandler();
-}
-
 class CustomToolTipFailures : public TipSceneTest {
-  protected:
-    CustomToolTipFailures() { m_before = _set_invalid_parameter_handler(LeaveByException); }
-    ~CustomToolTipFailures() override { _set_invalid_parameter_handler(m_before); }
-
-  private:
-    _invalid_parameter_handler m_before;
+    InvalidParameterScope m_scope;
 };
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "ui/plus_scene.h"
 
 #include "support/call_journal.h"
+#include "support/invalid_parameter_scope.h"
 #include "support/resource_counters.h"
 #include "ui/gdiplus_watch.h"
 #include "ui/tip_platform.h"
@@ -8,7 +9,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <string>
 
 // GDI+ calls that fail, in the drawing and around it.
@@ -17,17 +17,8 @@ namespace {
 
 using testing::IsEmpty;
 
-struct LeftByHandler {};
-
-void LeaveByException(const wchar_t*, const wchar_t*, const wchar_t*, unsigned, uintptr_t) {
-    throw LeftByHandler();
-}
-
 class CustomToolTipPlusFailures : public PlusSceneTest {
   protected:
-    CustomToolTipPlusFailures() { m_before = _set_invalid_parameter_handler(LeaveByException); }
-    ~CustomToolTipPlusFailures() override { _set_invalid_parameter_handler(m_before); }
-
     /// All that a show and a step draw.
     static void Draw(OpenTipPlus& drawn) {
         CClientDC dc(&drawn);
@@ -41,7 +32,7 @@ class CustomToolTipPlusFailures : public PlusSceneTest {
     }
 
   private:
-    _invalid_parameter_handler m_before;
+    InvalidParameterScope m_scope;
 };
 
 }  // namespace

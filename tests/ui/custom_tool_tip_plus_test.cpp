@@ -331,9 +331,7 @@ namespace {
 
 /// Measures and renders twice; the count of family fetches is the exit code.
 int CountFetches(int failingCall) {
-    const Gdiplus::GdiplusStartupInput input;
-    ULONG_PTR token = 0;
-    Gdiplus::GdiplusStartup(&token, &input, nullptr);
+    const GdiplusSession gdiplus;
     OpenTipPlus tip(nullptr, GetModuleHandleW(nullptr));
     tip.AddTip(RECT{}, new TipDataPlus(L"text", ID_NO_BITMAP));
     GdiplusWatch watch;

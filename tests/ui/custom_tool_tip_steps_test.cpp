@@ -19,10 +19,6 @@ constexpr UINT_PTR leave = RecordingTip::LeaveTimer;
 constexpr UINT_PTR fade = RecordingTip::FadeTimer;
 constexpr UINT_PTR idle = RecordingTip::IdleTimer;
 
-bool Same(POINT left, POINT right) {
-    return left.x == right.x && left.y == right.y;
-}
-
 }  // namespace
 
 // Relay.
@@ -80,11 +76,12 @@ TEST_F(CustomToolTipSteps, ShowMeasuresRendersPlacesPaintsAndStartsTheTimers) {
 
     Tick(hover);
 
-    EXPECT_THAT(Calls(),
-                ElementsAre(L"KillTimer 996", L"GetCursorPos", L"MeasureTip 0", L"RenderTip 0 0",
-                            L"SetWindowPos 165,145 200x50 20", L"ValidateRect", L"GetDC",
-                            L"PaintTip", L"ReleaseDC", L"SetTimer 995 55", L"KillTimer 994",
-                            L"SetTimer 994 1100", L"KillTimer 997", L"SetTimer 997 500"));
+    EXPECT_THAT(
+        Calls(),
+        ElementsAre(L"KillTimer 996", L"GetCursorPos", L"MeasureTip 0", L"RenderTip 0 0",
+                    L"GetSystemMetrics 0", L"GetSystemMetrics 1", L"SetWindowPos 165,145 200x50 20",
+                    L"ValidateRect", L"GetDC", L"PaintTip", L"ReleaseDC", L"SetTimer 995 55",
+                    L"KillTimer 994", L"SetTimer 994 1100", L"KillTimer 997", L"SetTimer 997 500"));
     EXPECT_TRUE(tip->m_showing);
     EXPECT_EQ(tip->m_leaveCount, 0);
     EXPECT_EQ(tip->m_current, 0);
@@ -101,9 +98,10 @@ TEST_F(CustomToolTipSteps, ShowWithoutFadeStartsAtFullLevelAndNeverSetsTheFadeTi
     Tick(hover);
 
     EXPECT_THAT(Calls(), ElementsAre(L"KillTimer 996", L"GetCursorPos", L"MeasureTip 0",
-                                     L"RenderTip 0 1", L"SetWindowPos 165,145 200x50 20",
-                                     L"ValidateRect", L"GetDC", L"PaintTip", L"ReleaseDC",
-                                     L"KillTimer 994", L"SetTimer 994 1100", L"KillTimer 997"));
+                                     L"RenderTip 0 1", L"GetSystemMetrics 0", L"GetSystemMetrics 1",
+                                     L"SetWindowPos 165,145 200x50 20", L"ValidateRect", L"GetDC",
+                                     L"PaintTip", L"ReleaseDC", L"KillTimer 994",
+                                     L"SetTimer 994 1100", L"KillTimer 997"));
     EXPECT_EQ(tip->m_fadeLevel, 1.0);
 }
 
@@ -126,11 +124,11 @@ TEST_F(CustomToolTipSteps, ShowOfAnotherEntryIsOneStepWithoutParking) {
 
     Tick(hover);
 
-    EXPECT_THAT(Calls(),
-                ElementsAre(L"KillTimer 996", L"GetCursorPos", L"MeasureTip 1", L"RenderTip 1 0",
-                            L"SetWindowPos 365,145 200x50 20", L"ValidateRect", L"GetDC",
-                            L"PaintTip", L"ReleaseDC", L"SetTimer 995 55", L"KillTimer 994",
-                            L"SetTimer 994 1100", L"KillTimer 997"));
+    EXPECT_THAT(Calls(), ElementsAre(L"KillTimer 996", L"GetCursorPos", L"MeasureTip 1",
+                                     L"RenderTip 1 0", L"GetSystemMetrics 0", L"GetSystemMetrics 1",
+                                     L"SetWindowPos 365,145 200x50 20", L"ValidateRect", L"GetDC",
+                                     L"PaintTip", L"ReleaseDC", L"SetTimer 995 55",
+                                     L"KillTimer 994", L"SetTimer 994 1100", L"KillTimer 997"));
     EXPECT_EQ(tip->m_fadeLevel, 0.0);
     EXPECT_EQ(tip->m_leaveCount, 0);
 }

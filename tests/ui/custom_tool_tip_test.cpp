@@ -46,11 +46,6 @@ HWND WINAPI NoteCreation(DWORD extendedStyle, LPCWSTR className, LPCWSTR windowN
                                     height, parent, menu, instance, parameter);
 }
 
-LRESULT NoteDefault(CWnd*) {
-    CallJournal::Add(L"Default");
-    return 0;
-}
-
 using CustomToolTipTest = TipSceneTest;
 
 }  // namespace
@@ -171,7 +166,7 @@ TEST_F(CustomToolTipTest, PaintGoesToPaintTipOnAPaintContext) {
 }
 
 TEST_F(CustomToolTipTest, MoveGoesToDefaultProcessing) {
-    const ImportHook<LRESULT (*)(CWnd*)> hook("drafthost17.dll", "_ZN4CWnd7DefaultEv", NoteDefault);
+    const NotedDefault noted;
 
     tip->SendMessage(WM_MOVE, 0, MAKELPARAM(3, 4));
 
@@ -179,7 +174,7 @@ TEST_F(CustomToolTipTest, MoveGoesToDefaultProcessing) {
 }
 
 TEST_F(CustomToolTipTest, ActivationGoesBackToTheOwnerWhetherGainedOrLost) {
-    const ImportHook<LRESULT (*)(CWnd*)> hook("drafthost17.dll", "_ZN4CWnd7DefaultEv", NoteDefault);
+    const NotedDefault noted;
     platform.tip = owner.m_hWnd;  // The window that the calls are to be about.
 
     for (const WPARAM state : {WA_ACTIVE, WA_CLICKACTIVE, WA_INACTIVE}) {

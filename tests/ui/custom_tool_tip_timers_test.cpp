@@ -1,11 +1,11 @@
 #include "ui/tip_scene.h"
 
 #include "support/call_journal.h"
+#include "ui/message_pump.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <functional>
 #include <string>
 
 // The platform's own timer messages, by a message loop.
@@ -16,21 +16,8 @@ class CustomToolTipTimers : public TipSceneTest {
   protected:
     CustomToolTipTimers() : TipSceneTest(TipPlatform::Timers::real) {}
 
-    /// Dispatches messages until the condition holds; false when it doesn't within ten seconds.
-    static bool DispatchUntil(const std::function<bool()>& condition) {
-        const ULONGLONG deadline = GetTickCount64() + 10000;
-        while (!condition()) {
-            if (GetTickCount64() > deadline) return false;
-            MsgWaitForMultipleObjects(0, nullptr, FALSE, 100, QS_ALLINPUT);
-            MSG message;
-            while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
-                DispatchMessageW(&message);
-        }
-        return true;
-    }
-
     bool Reaches(const wchar_t* state) {
-        return DispatchUntil([&] { return State() == state; });
+        return PumpUntil([&] { return State() == state; });
     }
 };
 
@@ -56,7 +43,7 @@ TEST_F(CustomToolTipTimers, CarryATipFromTheRelayToItsEnd) {
 TEST_F(CustomToolTipTimers, DismissATipUnderACursorAtRestAndLetItComeBackElsewhere) {
     tip->m_idlePeriod = 700;
     RelayAt(inFirst);
-    EXPECT_TRUE(DispatchUntil([this] { return tip->m_idleDismissed; }));
+    EXPECT_TRUE(PumpUntil([this] { return tip->m_idleDismissed; }));
     EXPECT_EQ(State(), L"Parked");
     EXPECT_EQ(CallJournal::Count(L"SetTimer 997 700"), 1);
 

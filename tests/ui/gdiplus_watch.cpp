@@ -115,11 +115,7 @@ std::wstring Made(Last last) {
     if constexpr (std::is_pointer_v<std::remove_pointer_t<Last>> && std::is_pointer_v<Last>) {
         const std::wstring kind = KindOf(last);
         const std::wstring name = kind + std::to_wstring(++g_made[kind]);
-        if (kind == L"family") {
-            g_watch->familyFetched = true;
-        } else {
-            g_watch->alive[*last] = name;
-        }
+        if (kind != L"family") g_watch->alive[*last] = name;  // That one is kept for good.
         return L" -> " + name;
     } else {
         return {};

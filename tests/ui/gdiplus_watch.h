@@ -30,7 +30,6 @@ class GdiplusWatch {
     int calls = 0;
     int allocations = 0;                        ///< of GdipAlloc that GdipFree hasn't had yet
     std::map<const void*, std::wstring> alive;  ///< objects that were made, with their names
-    bool familyFetched = false;                 ///< the family is kept by who fetched it
 
   private:
     struct Hooks;

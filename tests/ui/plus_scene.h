@@ -1,6 +1,8 @@
 #pragma once
 
 #include "ui/custom_tool_tip_plus.h"
+
+#include "gallery/gdiplus_session.h"
 #include "ui/tip_bitmaps.h"
 
 #include <gtest/gtest.h>
@@ -33,18 +35,22 @@ class OpenTipPlus : public CustomToolTipPlus {
     static inline int deletions = 0;
 };
 
-/// A tip without a shown window, and GDI+ for the life of the test.
+/// GDI+ runs from the first call to the program's end: a tip's font family doesn't outlive it.
+inline void KeepGdiplusRunning() {
+    static const GdiplusSession session;
+    ASSERT_TRUE(session.Started());
+}
+
+/// A tip without a shown window.
 class PlusSceneTest : public testing::Test {
   protected:
     PlusSceneTest() {
-        const Gdiplus::GdiplusStartupInput input;
-        Gdiplus::GdiplusStartup(&m_token, &input, nullptr);
+        KeepGdiplusRunning();
         tip = new OpenTipPlus(nullptr, GetModuleHandleW(nullptr));
         OpenTipPlus::deletions = 0;
     }
     ~PlusSceneTest() override {
         if (tip != nullptr) tip->DestroyWindow();
-        Gdiplus::GdiplusShutdown(m_token);
     }
 
     /// Adds an entry whose place doesn't matter; gives its index.
@@ -60,7 +66,4 @@ class PlusSceneTest : public testing::Test {
     }
 
     OpenTipPlus* tip;  ///< destroyed at the end unless the test has set it to null
-
-  private:
-    ULONG_PTR m_token = 0;
 };

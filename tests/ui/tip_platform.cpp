@@ -52,6 +52,7 @@ BOOL WINAPI TipPlatform::OnGetCursorPos(POINT* point) {
 }
 
 int WINAPI TipPlatform::OnGetSystemMetrics(int index) {
+    CallJournal::Add(L"GetSystemMetrics " + Text(index));
     if (index == SM_CXSCREEN) return g_platform->screen.cx;
     if (index == SM_CYSCREEN) return g_platform->screen.cy;
     return g_platform->m_getSystemMetrics.Original()(index);

@@ -29,6 +29,16 @@ void RecordingTip::PaintTip(CDC* dc) {
     CallJournal::Add(dc != nullptr && dc->m_hDC != nullptr ? L"PaintTip" : L"PaintTip on nothing");
 }
 
+NotedDefault::NotedDefault()
+    : m_hook("drafthost17.dll", "_ZN4CWnd7DefaultEv", [](CWnd*) -> LRESULT {
+          CallJournal::Add(L"Default");
+          return 0;
+      }) {}
+
+bool Same(POINT left, POINT right) {
+    return left.x == right.x && left.y == right.y;
+}
+
 TipSceneTest::TipSceneTest(TipPlatform::Timers mode) : platform(mode) {
     owner.CreateEx(0, AfxRegisterWndClass(0), L"", WS_POPUP, 100, 100, 600, 400, nullptr, nullptr);
     first.Create(L"", WS_CHILD, CRect(20, 20, 120, 50), &owner, 1);

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "ui/custom_tool_tip.h"
+
+#include "support/import_hook.h"
 #include "ui/tip_platform.h"
 
 #include <gtest/gtest.h>
@@ -51,6 +53,16 @@ class RecordingTip : public CustomToolTip {
     void PaintTip(CDC* dc) override;
 };
 
+/// Notes "Default" in the call journal where a message goes to default processing, which isn't
+/// carried out while this lives.
+class NotedDefault {
+  public:
+    NotedDefault();
+
+  private:
+    ImportHook<LRESULT (*)(CWnd*)> m_hook;
+};
+
 /// Content that counts its deletions.
 class CountedContent : public TipData {
   public:
@@ -60,6 +72,8 @@ class CountedContent : public TipData {
   private:
     int& m_deletions;
 };
+
+bool Same(POINT left, POINT right);
 
 /// An owner window at 100, 100 of the screen with three buttons, the first two with an entry each:
 /// the screen points below lie in them. Nothing is shown but by the tip itself.

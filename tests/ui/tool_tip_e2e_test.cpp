@@ -1,5 +1,7 @@
 #include "ui/plus_scene.h"
 
+#include "ui/message_pump.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -39,9 +41,7 @@ class TipOwner : public CWnd {
 /// end needs no such wait.
 TipOwner& SharedOwner() {
     static TipOwner* const owner = [] {
-        ULONG_PTR token = 0;
-        const Gdiplus::GdiplusStartupInput input;
-        Gdiplus::GdiplusStartup(&token, &input, nullptr);
+        KeepGdiplusRunning();
         auto* const made = new TipOwner;
         made->CreateEx(0, AfxRegisterWndClass(0, LoadCursorW(nullptr, IDC_ARROW)), L"", WS_POPUP,
                        500, 300, 400, 300, nullptr, nullptr);
@@ -64,21 +64,14 @@ class ToolTipOnScreen : public testing::Test {
         owner.tip->m_idlePeriod = 0;
     }
 
-    /// Lets messages take their way until the condition holds; false when it doesn't within
-    /// twenty seconds.
+    /// As PumpUntil; the owner sees each message first.
     bool DispatchUntil(const std::function<bool()>& condition) {
-        const ULONGLONG deadline = GetTickCount64() + 20000;
-        while (!condition()) {
-            if (GetTickCount64() > deadline) return false;
-            MsgWaitForMultipleObjects(0, nullptr, FALSE, 100, QS_ALLINPUT);
-            MSG message;
-            if (!PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) continue;
-            if (CWnd::WalkPreTranslateTree(owner, &message)) continue;
+        return PumpUntil(condition, [this](MSG& message) {
+            if (CWnd::WalkPreTranslateTree(owner, &message)) return;
             const bool isHoverTick = message.message == WM_TIMER && message.wParam == 996;
             DispatchMessageW(&message);
             if (isHoverTick) ++hoverTicks;
-        }
-        return true;
+        });
     }
 
     /// Moves the pointer and waits until the owner has seen it there.
