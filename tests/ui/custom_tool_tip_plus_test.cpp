@@ -3,6 +3,7 @@
 #include "support/call_journal.h"
 #include "support/child_scenario.h"
 #include "support/import_hook.h"
+#include "ui/gdiplus_owners.h"
 #include "ui/gdiplus_watch.h"
 
 #include <gmock/gmock.h>
@@ -43,6 +44,27 @@ class FixedMeasure {
   private:
     ImportHook<decltype(&Gdiplus::DllExports::GdipMeasureString)> m_hook;
 };
+
+/// The width that GDI+ itself gives the text in a tip's font.
+float MeasuredWidth(const OpenTipPlus& tip, const wchar_t* text) {
+    using namespace Gdiplus::DllExports;
+    Gdiplus::GpGraphics* surface = nullptr;
+    GdipCreateFromHWND(tip.m_hWnd, &surface);
+    const OwnedGraphics ownedSurface(surface);
+    GdipSetTextRenderingHint(surface, Gdiplus::TextRenderingHintClearTypeGridFit);
+    Gdiplus::GpFontFamily* family = nullptr;
+    GdipGetGenericFontFamilySansSerif(&family);
+    Gdiplus::GpFont* font = nullptr;
+    GdipCreateFont(family, 9.0f, Gdiplus::FontStyleRegular, Gdiplus::UnitPoint, &font);
+    const OwnedFont ownedFont(font);
+
+    const Gdiplus::RectF layout(0.0f, 0.0f, static_cast<float>(tip.m_maxTextWidth), 0.0f);
+    Gdiplus::RectF bounds;
+    EXPECT_EQ(
+        GdipMeasureString(surface, text, -1, font, &layout, nullptr, &bounds, nullptr, nullptr),
+        Gdiplus::Ok);
+    return bounds.Width;
+}
 
 /// The font family is fetched by whoever draws first in the process.
 void FetchFamily(OpenTipPlus* tip) {
@@ -251,7 +273,7 @@ TEST_F(CustomToolTipPlusTest, SizeFollowsTheMeasuredTextAndTheBitmap) {
         {"low bitmap", 100.0f, 20.0f, IDB_KEYED, 108, 26, 4, 2},
         {"tall bitmap", 100.0f, 20.0f, IDB_TALL, 116, 46, 12, 40},
         {"bitmap of just the text's height", 100.0f, 40.0f, IDB_TALL, 116, 46, 12, 40},
-        {"bitmap without text", 0.0f, 0.0f, IDB_TALL, 16, 46, 12, 40},
+        {"bitmap beside a text without extent", 0.0f, 0.0f, IDB_TALL, 16, 46, 12, 40},
         {"high 16 bits of the id", 0.0f, 0.0f, 0xFFFF0000 + IDB_TALL, 16, 46, 12, 40},
     };
 
@@ -264,6 +286,13 @@ TEST_F(CustomToolTipPlusTest, SizeFollowsTheMeasuredTextAndTheBitmap) {
         EXPECT_EQ(tip->m_imageWidth, row.imageWidth);
         EXPECT_EQ(tip->m_imageHeight, row.imageHeight);
     }
+}
+
+TEST_F(CustomToolTipPlusTest, EmptyTextLeavesTheHeightToTheBitmapAndAddsWhatItMeasures) {
+    tip->MeasureTip(AddEntry(L"", IDB_TALL));
+
+    EXPECT_EQ(tip->m_width, 12 + 4 + static_cast<int>(MeasuredWidth(*tip, L"") + 0.49f));
+    EXPECT_EQ(tip->m_height, 40 + 6);
 }
 
 TEST_F(CustomToolTipPlusTest, TextIsMeasuredInTheFullWidthAndDrawnInSixLess) {

@@ -1,6 +1,7 @@
 #include "ui/tip_scene.h"
 
 #include "support/call_journal.h"
+#include "support/canvas.h"
 #include "support/import_hook.h"
 
 #include <gmock/gmock.h>
@@ -22,15 +23,18 @@ HWND WINAPI NoteCreation(DWORD extendedStyle, LPCWSTR className, LPCWSTR windowN
                          int x, int y, int width, int height, HWND parent, HMENU menu,
                          HINSTANCE instance, LPVOID parameter);
 
+/// Notes what windows are made of, and makes none if it is to fail.
 class CreationHook {
   public:
-    CreationHook()
+    explicit CreationHook(bool fails = false)
         : m_hook(GetModuleHandleW(L"drafthost17.dll"), "USER32.dll", "CreateWindowExW",
                  NoteCreation) {
         g_made = {};
         g_original = m_hook.Original();
+        g_fails = fails;
     }
     static inline decltype(&CreateWindowExW) g_original = nullptr;
+    static inline bool g_fails = false;
 
   private:
     ImportHook<decltype(&CreateWindowExW)> m_hook;
@@ -42,8 +46,21 @@ HWND WINAPI NoteCreation(DWORD extendedStyle, LPCWSTR className, LPCWSTR windowN
     g_made = {
         parameter,  instance,  menu,         parent, height, width, y, x, static_cast<LONG>(style),
         windowName, className, extendedStyle};
+    if (CreationHook::g_fails) return nullptr;
     return CreationHook::g_original(extendedStyle, className, windowName, style, x, y, width,
                                     height, parent, menu, instance, parameter);
+}
+
+constexpr COLORREF marker = RGB(12, 34, 56);
+
+/// Whether nothing has been drawn on a canvas of the marker's colour.
+bool IsUntouched(const Canvas& canvas) {
+    for (int y = 0; y < canvas.Height(); ++y) {
+        for (int x = 0; x < canvas.Width(); ++x) {
+            if (canvas.Pixel(x, y) != marker) return false;
+        }
+    }
+    return true;
 }
 
 using CustomToolTipTest = TipSceneTest;
@@ -147,10 +164,11 @@ TEST_F(CustomToolTipTest, MessageMapHasSixRowsInTheirOrderOverThatOfCWnd) {
 }
 
 TEST_F(CustomToolTipTest, EraseIsAnsweredWithOneAndNothingIsDrawn) {
-    const CClientDC dc(&first);
+    const Canvas canvas(8, 8, marker);
 
-    EXPECT_EQ(tip->SendMessage(WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc.m_hDC)), 1);
+    EXPECT_EQ(tip->SendMessage(WM_ERASEBKGND, reinterpret_cast<WPARAM>(canvas.Handle())), 1);
 
+    EXPECT_TRUE(IsUntouched(canvas));
     EXPECT_THAT(Calls(), ElementsAre());
 }
 
@@ -210,6 +228,20 @@ TEST_F(CustomToolTipTest, OwnersDeletionTakesTheWindowAlongAndHappensOnce) {
     EXPECT_THAT(Calls(), ElementsAre());
 }
 
+TEST_F(CustomToolTipTest, FailedCreationGivesAnObjectThatItsOwnerDeletesOnce) {
+    const CreationHook hook(true);
+
+    CustomToolTip* const windowless = new RecordingTip(owner);
+
+    EXPECT_EQ(g_made.dwExStyle, 0x88u);
+    EXPECT_EQ(windowless->m_hWnd, nullptr);
+    EXPECT_TRUE(windowless->AddTip(&first, new CountedContent(contentDeletions)));
+    EXPECT_EQ(RecordingTip::deletions, 0);
+    delete windowless;
+    EXPECT_EQ(RecordingTip::deletions, 1);
+    EXPECT_EQ(contentDeletions, 1);
+}
+
 TEST_F(CustomToolTipTest, OwnersEndLeavesTheTipsWindow) {
     RestAt(inFirst);
 
@@ -223,8 +255,11 @@ TEST_F(CustomToolTipTest, OwnersEndLeavesTheTipsWindow) {
 TEST_F(CustomToolTipTest, BaseClassPlacesItsDefaultSizeAndDrawsNothing) {
     struct PlainTip : CustomToolTip {
         using CustomToolTip::CustomToolTip;
+        using CustomToolTip::FadeTimer;
         using CustomToolTip::HoverTimer;
         using CustomToolTip::m_current;
+        using CustomToolTip::m_fadeLevel;
+        using CustomToolTip::PaintTip;
     };
     auto* plain = new PlainTip(owner, true);
     plain->AddTip(&first, new CountedContent(contentDeletions));
@@ -232,12 +267,16 @@ TEST_F(CustomToolTipTest, BaseClassPlacesItsDefaultSizeAndDrawsNothing) {
     plain->RelayMouseMove();
 
     plain->SendMessage(WM_TIMER, PlainTip::HoverTimer);
+    plain->SendMessage(WM_TIMER, PlainTip::FadeTimer);
+    const Canvas canvas(300, 100, marker);
+    plain->PaintTip(CDC::FromHandle(canvas.Handle()));
 
+    EXPECT_TRUE(IsUntouched(canvas));
+    EXPECT_EQ(plain->m_fadeLevel, 0.1);
     RECT rect = {};
     GetWindowRect(plain->m_hWnd, &rect);
     const RECT expected = {165, 145, 465, 245};
     EXPECT_TRUE(EqualRect(&rect, &expected));
     EXPECT_EQ(plain->m_current, 0);
-    plain->SendMessage(WM_TIMER, 995);
     plain->DestroyWindow();
 }

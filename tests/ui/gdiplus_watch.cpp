@@ -141,16 +141,17 @@ bool IsRelease(const char* name) {
     return strncmp(name, "GdipDelete", 10) == 0 || strncmp(name, "GdipDispose", 11) == 0;
 }
 
-bool FailsNow() {
+bool FailsNow(const char* name) {
     ++g_watch->calls;
-    return g_watch->failEveryCall || g_watch->calls == g_watch->failingCall;
+    return g_watch->failEveryCall || g_watch->calls == g_watch->failingCall ||
+           strcmp(name, g_watch->failingFunction) == 0;
 }
 
 template <typename Function, typename... Arguments>
 GpStatus Forward(const char* name, Function original, Arguments... arguments) {
     std::wstring note(name, name + strlen(name));
     ((note += Text(arguments)), ...);
-    const bool fails = FailsNow();
+    const bool fails = FailsNow(name);
     const bool isRelease = IsRelease(name);
 
     GpStatus status = fails ? g_watch->failure : Ok;
@@ -225,7 +226,7 @@ decltype(&GdipAlloc) g_alloc = nullptr;
 decltype(&GdipFree) g_free = nullptr;
 
 void* WINGDIPAPI WatchedAlloc(size_t size) {
-    const bool fails = !g_watch->failEveryCall && FailsNow();
+    const bool fails = !g_watch->failEveryCall && FailsNow("GdipAlloc");
     CallJournal::Add(fails ? L"GdipAlloc -> failed" : L"GdipAlloc");
     if (fails) return nullptr;
     ++g_watch->allocations;

@@ -24,7 +24,8 @@ class GdiplusWatch {
 
     int failingCall =
         0;  ///< its number, from 1 on; 0: none. A release is carried out all the same.
-    bool failEveryCall = false;  ///< as without GDI+; GdipAlloc and GdipFree work on
+    const char* failingFunction = "";  ///< fails at every call
+    bool failEveryCall = false;        ///< as without GDI+; GdipAlloc and GdipFree work on
     Gdiplus::Status failure = Gdiplus::GenericError;
 
     int calls = 0;

@@ -15,6 +15,7 @@ class OpenTipPlus : public CustomToolTipPlus {
 
     using CustomToolTipPlus::FadeTimer;
     using CustomToolTipPlus::HoverTimer;
+    using CustomToolTipPlus::IdleTimer;
     using CustomToolTipPlus::LeaveTimer;
 
     using CustomToolTipPlus::MeasureTip;
@@ -28,6 +29,7 @@ class OpenTipPlus : public CustomToolTipPlus {
     using CustomToolTipPlus::m_height;
     using CustomToolTipPlus::m_imageHeight;
     using CustomToolTipPlus::m_imageWidth;
+    using CustomToolTipPlus::m_leaveCount;
     using CustomToolTipPlus::m_resources;
     using CustomToolTipPlus::m_tips;
     using CustomToolTipPlus::m_width;

@@ -1,5 +1,6 @@
 #include "ui/plus_scene.h"
 
+#include "support/window_capture.h"
 #include "ui/message_pump.h"
 
 #include <gtest/gtest.h>
@@ -7,6 +8,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <functional>
+#include <memory>
 #include <vector>
 
 // A tool tip on the screen, under the pointer that this test moves, driven by real messages alone.
@@ -91,6 +93,22 @@ class ToolTipOnScreen : public testing::Test {
         const RECT rect = TipRect();
         return EqualRect(&rect, &parked) != FALSE;
     }
+    /// How much lighter the tip is up and left of its black text than down and right of it, by the
+    /// shadows that stand out there.
+    int LightFromTheUpperLeft() const {
+        const std::unique_ptr<Canvas> shown = CaptureWindow(owner.tip->m_hWnd);
+        const auto light = [&](int x, int y) {
+            const COLORREF color = shown->Pixel(x, y);
+            return GetRValue(color) + GetGValue(color) + GetBValue(color);
+        };
+        int difference = 0;
+        for (int y = 1; y < shown->Height() - 1; ++y) {
+            for (int x = 20; x < shown->Width() - 1; ++x) {  // Past the bitmap.
+                if (light(x, y) < 150) difference += light(x - 1, y - 1) - light(x + 1, y + 1);
+            }
+        }
+        return difference;
+    }
     bool IsUp() const { return owner.tip != nullptr && owner.tip->m_current == 0; }
     bool FadeIsOver() const { return owner.tip->m_fadeLevel > 1.0; }
 
@@ -104,6 +122,10 @@ bool Near(COLORREF left, COLORREF right) {
            std::abs(GetBValue(left) - GetBValue(right)) <= 2;
 }
 
+void AddIfNew(std::vector<int>& values, int value) {
+    if (values.empty() || values.back() != value) values.push_back(value);
+}
+
 }  // namespace
 
 TEST_F(ToolTipOnScreen, ComesFadesAndLeaves) {
@@ -115,17 +137,28 @@ TEST_F(ToolTipOnScreen, ComesFadesAndLeaves) {
     EXPECT_EQ(rect.right - rect.left, owner.tip->m_width);
     EXPECT_EQ(rect.bottom - rect.top, owner.tip->m_height);
 
-    std::vector<int> blues;  // Of the left edge: the fade takes it from white to a pale yellow.
+    // Nothing has been dispatched since the show: this is its first picture.
+    EXPECT_LT(LightFromTheUpperLeft(), 0);
+    RECT client = {};
+    owner.tip->GetClientRect(&client);
+    std::vector<int> left;   // Of the left edge: the fade takes it from white to a pale yellow.
+    std::vector<int> right;  // Of the right edge: from tan to white.
     ASSERT_TRUE(DispatchUntil([&] {
-        const int blue = GetBValue(CClientDC(owner.tip).GetPixel(0, 1));
-        if (blues.empty() || blues.back() != blue) blues.push_back(blue);
+        CClientDC dc(owner.tip);
+        AddIfNew(left, GetBValue(dc.GetPixel(0, 1)));
+        AddIfNew(right, GetBValue(dc.GetPixel(client.right - 1, 1)));
         return FadeIsOver();
     }));
 
-    EXPECT_GE(blues.front(), 250);
-    EXPECT_TRUE(std::is_sorted(blues.rbegin(), blues.rend()));
-    EXPECT_GE(blues.size(), 4u);
+    EXPECT_GE(left.front(), 250);
+    EXPECT_TRUE(std::is_sorted(left.rbegin(), left.rend()));
+    EXPECT_GE(left.size(), 4u);
     EXPECT_TRUE(Near(CClientDC(owner.tip).GetPixel(0, 1), RGB(235, 235, 200)));
+    EXPECT_LE(right.front(), 150);
+    EXPECT_TRUE(std::is_sorted(right.begin(), right.end()));
+    EXPECT_GE(right.size(), 4u);
+    EXPECT_TRUE(Near(CClientDC(owner.tip).GetPixel(client.right - 1, 1), RGB(255, 255, 255)));
+    EXPECT_GT(LightFromTheUpperLeft(), 0);
 
     SetCursorPos(50, 900);
     EXPECT_TRUE(DispatchUntil([this] { return IsParked(); }));
@@ -181,11 +214,14 @@ TEST_F(ToolTipOnScreen, GivesWayToAPointerThatMeetsItOutsideOfItsEntry) {
     SetCursorPos(rect.left + 20, rect.top + 20);
 
     EXPECT_TRUE(DispatchUntil([this] { return IsParked(); }));
+    EXPECT_EQ(owner.tip->m_leaveCount, 0);  // It wasn't the leave timer that parked it.
 }
 
 TEST_F(ToolTipOnScreen, DoesntStayTheActiveWindow) {
     ASSERT_TRUE(MovePointer(600, 370));
     ASSERT_TRUE(DispatchUntil([this] { return IsUp(); }));
 
-    EXPECT_NE(GetActiveWindow(), owner.tip->m_hWnd);
+    SetActiveWindow(owner.tip->m_hWnd);
+
+    EXPECT_EQ(GetActiveWindow(), owner.m_hWnd);
 }
