@@ -238,6 +238,7 @@ TEST_F(CustomToolTipPlusFailures, PictureThatCantBeMadeParksTheTipAtTheShow) {
     scene.RestAt({100, 100});
     ASSERT_EQ(scene.tip->m_current, 0);
     ASSERT_FALSE(scene.IsParked());
+    scene.platform.timers.clear();  // Those of the first show.
 
     GdiplusWatch watch;
     watch.failingFunction = "GdipCreateBitmapFromGraphics";
