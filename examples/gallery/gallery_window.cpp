@@ -14,8 +14,8 @@ constexpr RECT paintedRect = {420, 150, 600, 230};
 
 const wchar_t latinText[] =
     L"A tip wraps its text at a width that its owner sets, here 260 pixels. It stands on a "
-    L"gradient "
-    L"from the left to the right, with a light and a dark shadow that change places in the fade.";
+    L"gradient from the left to the right, with a light and a dark shadow that change places in "
+    L"the fade.";
 const wchar_t chineseText[] =
     L"提示窗口会按照所有者设定的宽度自动换行。背景是从左到右的水平渐变，文字带有浮雕效果，"
     L"淡入时亮影与暗影互换位置；左侧图片的底色不会画出来。";
@@ -78,6 +78,7 @@ void GalleryWindow::AddButtons() {
     AddExhibit(this, L"BUTTON", L"Picture alone", 0, {340, 20, 480, 50}, L"", IDB_SIGN);
     AddExhibit(this, L"EDIT", L"An edit field", WS_BORDER, {500, 22, 620, 48},
                L"Any control can have a tip", IDB_NONE);
+    m_field = &m_exhibits.back().control;
 }
 
 void GalleryWindow::AddOverlap() {
@@ -112,7 +113,7 @@ void GalleryWindow::AddCorners() {
 
 BOOL GalleryWindow::PreTranslateMessage(MSG* message) {
     if (message->message == WM_MOUSEMOVE) RelayMouseMove();
-    if (message->message == WM_KEYDOWN && OnKey(message->wParam)) return TRUE;
+    if (message->message == WM_KEYDOWN && OnKey(*message)) return TRUE;
     return CWnd::PreTranslateMessage(message);
 }
 
@@ -150,8 +151,9 @@ void GalleryWindow::FillTip() {
     if (m_tip->AddTip(paintedRect, content.get())) static_cast<void>(content.release());
 }
 
-bool GalleryWindow::OnKey(WPARAM key) {
-    switch (key) {
+bool GalleryWindow::OnKey(const MSG& message) {
+    if (message.hwnd == m_field->m_hWnd && message.wParam != VK_ESCAPE) return false;
+    switch (message.wParam) {
         case 'F':
             m_fade = !m_fade;
             if (m_tip != nullptr) m_tip->m_fadeEnabled = m_fade;

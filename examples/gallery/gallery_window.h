@@ -10,7 +10,8 @@
 /// rectangle, long texts in two scripts, and four small windows in the corners of the screen.
 ///
 /// The tip is made at the first mouse move, and that move is relayed as well. Keys: F switches the
-/// fade, A where the tip is placed, I the idle period, E the corner windows; Escape closes.
+/// fade, A where the tip is placed, I the idle period, E the corner windows; Escape closes. The
+/// edit field keeps its letters.
 class GalleryWindow : public CWnd {
   public:
     /// Makes and shows the window; FALSE when there is none.
@@ -36,7 +37,7 @@ class GalleryWindow : public CWnd {
     void EnsureTip();
     void FillTip();
     void RelayMouseMove();
-    bool OnKey(WPARAM key);
+    bool OnKey(const MSG& message);
     void ShowSettings();
     void ShowCorners(bool show);
 
@@ -45,6 +46,7 @@ class GalleryWindow : public CWnd {
     DECLARE_MESSAGE_MAP()
 
     std::list<Exhibit> m_exhibits;
+    const CWnd* m_field = nullptr;  ///< the exhibit that takes text
     CWnd m_corners[4];
     CWnd m_settings;                     ///< a line that tells how the switches stand
     CustomToolTipPlus* m_tip = nullptr;  ///< its window owns it; null until the first mouse move
