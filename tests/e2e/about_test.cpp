@@ -3,6 +3,7 @@
 
 #include "drafthost/framework/dialog_driver.h"
 #include "e2e/installation.h"
+#include "support/child_scenario.h"
 #include "support/import_hook.h"
 #include "ui/approved_picture.h"
 #include "ui/image_hooks.h"
@@ -13,8 +14,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <initializer_list>
 #include <memory>
+#include <stdexcept>
+#include <string>
 
 // gdiplus.h needs windows.h and objidl.h ahead of it.
 #include <objidl.h>
@@ -24,24 +28,8 @@
 
 namespace {
 
-int g_calls = 0;
-
-Gdiplus::GpStatus WINAPI CountStartup(ULONG_PTR*, const Gdiplus::GdiplusStartupInput*,
-                                      Gdiplus::GdiplusStartupOutput*) {
-    ++g_calls;
-    return Gdiplus::GenericError;
-}
-HINTERNET WINAPI CountRequest(LPCWSTR, DWORD, LPCWSTR, LPCWSTR, DWORD) {
-    ++g_calls;
-    return nullptr;
-}
-UINT_PTR WINAPI CountTimer(HWND, UINT_PTR, UINT, TIMERPROC) {
-    ++g_calls;
-    return 0;
-}
-BOOL CountWindow(CWnd*, DWORD, LPCWSTR, LPCWSTR, DWORD, int, int, int, int, HWND, HMENU, LPVOID) {
-    ++g_calls;
-    return FALSE;
+void DeleteProfile(const std::wstring& name) {
+    RegDeleteTreeW(HKEY_CURRENT_USER, (L"Software\\Drafthost\\Profiles\\" + name).c_str());
 }
 
 /// One session for the program: a host's services end with their session.
@@ -60,8 +48,7 @@ class AboutInHost : public testing::Test {
     static void TearDownTestSuite() {
         drafthost::ShutDownHost();
         EXPECT_EQ(drafthost::OffenceCount(), 0u);
-        RegDeleteTreeW(HKEY_CURRENT_USER,
-                       (std::wstring(L"Software\\Drafthost\\Profiles\\") + profile).c_str());
+        DeleteProfile(profile);
         m_installation.reset();
     }
 
@@ -98,22 +85,93 @@ TEST_F(AboutInHost, TheSessionGoesOnBehindEachEnd) {
     EXPECT_EQ(drafthost::OffenceCount(), 0u);
 }
 
-TEST_F(AboutInHost, NeitherTipNorRequestNorDrawingLibraryIsWoken) {
-    HMODULE module = GetModuleHandleW(L"KVTCAD.arx");
-    const ImportHook<decltype(&WinHttpOpen)> request(module, nullptr, "WinHttpOpen", &CountRequest);
-    const ImportHook<decltype(&SetTimer)> timer(module, nullptr, "SetTimer", &CountTimer);
-    const ImportHook<decltype(&CountWindow)> window(
-        module, nullptr, "_ZN4CWnd8CreateExEmPKwS1_miiiiP6HWND__P7HMENU__Pv", &CountWindow);
-    const ImportHook<decltype(&CountStartup)> startup(RuntimeDll(), nullptr, "GdiplusStartup",
-                                                      &CountStartup);
+// Tips, requests and the drawing library, which nothing of a whole run needs.
+
+int g_calls = 0;
+
+void NoteCall(const char* name) {
+    ++g_calls;
+    std::fprintf(stderr, "%s\n", name);
+}
+
+Gdiplus::GpStatus WINAPI NoteStartup(ULONG_PTR*, const Gdiplus::GdiplusStartupInput*,
+                                     Gdiplus::GdiplusStartupOutput*) {
+    NoteCall("GdiplusStartup");
+    return Gdiplus::GenericError;
+}
+HINTERNET WINAPI NoteRequest(LPCWSTR, DWORD, LPCWSTR, LPCWSTR, DWORD) {
+    NoteCall("WinHttpOpen");
+    return nullptr;
+}
+UINT_PTR WINAPI NoteTimer(HWND, UINT_PTR, UINT, TIMERPROC) {
+    NoteCall("SetTimer");
+    return 0;
+}
+BOOL NoteWindow(CWnd*, DWORD, LPCWSTR, LPCWSTR, DWORD, int, int, int, int, HWND, HMENU, LPVOID) {
+    NoteCall("CWnd::CreateEx");
+    return FALSE;
+}
+
+/// Stands in the way of them in the module and behind it.
+struct QuietParts {
+    explicit QuietParts(HMODULE module)
+        : request(module, nullptr, "WinHttpOpen", &NoteRequest),
+          timer(module, nullptr, "SetTimer", &NoteTimer),
+          window(module, nullptr, "_ZN4CWnd8CreateExEmPKwS1_miiiiP6HWND__P7HMENU__Pv", &NoteWindow),
+          startup(RuntimeDll(), nullptr, "GdiplusStartup", &NoteStartup) {}
+
+    ImportHook<decltype(&WinHttpOpen)> request;
+    ImportHook<decltype(&SetTimer)> timer;
+    ImportHook<decltype(&NoteWindow)> window;
+    ImportHook<decltype(&NoteStartup)> startup;
+};
+
+bool Imports(HMODULE module, const char* function) {
+    try {
+        const ImportHook<decltype(&NoteStartup)> hook(module, nullptr, function, &NoteStartup);
+        return true;
+    } catch (const std::runtime_error&) {
+        return false;
+    }
+}
+
+/// Opens drawings, runs the command, closes and ends; false when a step failed.
+bool RunTheWholeSession() {
     DialogDriver driver({ClickOk});
-    g_calls = 0;
+    bool done = drafthost::NewDrawing() == drafthost::OpenResult::Opened;
+    done = drafthost::NewDrawing() == drafthost::OpenResult::Opened && done;
+    done = drafthost::RunCommand(L"LoadKVT") == drafthost::CommandResult::Done && done;
+    done = drafthost::CloseDrawing() && done;
+    drafthost::ShutDownHost();
+    return done && driver.m_painted == 1 && drafthost::OffenceCount() == 0;
+}
 
-    EXPECT_EQ(drafthost::NewDrawing(), drafthost::OpenResult::Opened);
-    EXPECT_EQ(drafthost::RunCommand(L"LoadKVT"), drafthost::CommandResult::Done);
+// The module is in the process before the host loads it, so that its calls are seen from its start
+// on, and it goes with the hooks in place. The exit code is 0 for a quiet run.
+CHILD_SCENARIO(WholeRunWithTheCommand) {
+    constexpr wchar_t profile[] = L"quiet run test";
+    Installation installation;
+    drafthost::HostOptions options;
+    options.profile = profile;
+    bool done = drafthost::StartHost(options);
+    const HMODULE module = LoadLibraryW(installation.ModulePath().c_str());
+    if (Imports(module, "GdiplusStartup")) NoteCall("GdiplusStartup is imported");
+    static_cast<void>(std::make_unique<QuietParts>(module).release());
 
-    EXPECT_EQ(driver.m_painted, 1);
-    EXPECT_EQ(g_calls, 0);
+    const auto loaded = drafthost::LoadModule(installation.ModulePath());
+    FreeLibrary(module);  // The host holds it from here on.
+    done = RunTheWholeSession() && loaded == drafthost::LoadResult::Loaded && done;
+
+    DeleteProfile(profile);
+    if (!done) return 1;
+    if (GetModuleHandleW(L"KVTCAD.arx") != nullptr) return 2;
+    return g_calls == 0 ? 0 : 3;
+}
+
+TEST(WholeRun, WakesNeitherTipNorRequestNorDrawingLibrary) {
+    const ChildResult child = RunScenario(L"WholeRunWithTheCommand");
+
+    EXPECT_EQ(child.exitCode, 0u) << child.errors;
 }
 
 }  // namespace
