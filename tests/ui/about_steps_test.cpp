@@ -30,12 +30,14 @@ using Steps = std::vector<std::wstring>;
 // Members of framework classes as imported: the object comes as the first argument.
 
 using OnInitDialogFunction = BOOL (*)(CAdUiBaseDialog*);
+using ExchangeFunction = void (*)(CWnd*, CDataExchange*);
 using SetTabFunction = void (*)(CAdUiTabMainDialog*, CAdUiTab*);
 using AddTabFunction = int (*)(CAdUiTabMainDialog*, int, LPCWSTR, UINT, CAdUiTabChildDialog*);
 using SetActiveTabFunction = BOOL (*)(CAdUiTab*, int);
 using LoadFunction = void (*)(CImage*, HINSTANCE, UINT);
 
 OnInitDialogFunction g_onInitDialog = nullptr;
+ExchangeFunction g_exchange = nullptr;
 SetTabFunction g_setTab = nullptr;
 AddTabFunction g_addTab = nullptr;
 SetActiveTabFunction g_setActiveTab = nullptr;
@@ -49,6 +51,11 @@ int g_addTabResult = 0;  ///< what AddTab is made to give, behind its real work
 BOOL NoteOnInitDialog(CAdUiBaseDialog* dialog) {
     CallJournal::Add(dialog->IsKindOf(RUNTIME_CLASS(AboutPage)) ? L"page: base" : L"dialog: base");
     return g_onInitDialog(dialog);
+}
+void NoteExchange(CWnd* window, CDataExchange* exchange) {
+    CallJournal::Add(window->IsKindOf(RUNTIME_CLASS(AboutPage)) ? L"page: base's DoDataExchange"
+                                                                : L"dialog: base's DoDataExchange");
+    g_exchange(window, exchange);
 }
 void NoteSetTab(CAdUiTabMainDialog* dialog, CAdUiTab* tab) {
     CallJournal::Add(L"dialog: SetAcadTabPointer " + std::to_wstring(tab->GetDlgCtrlID()));
@@ -95,6 +102,7 @@ class AboutSteps : public AboutFixture {
     AboutSteps() {
         CallJournal::Clear();
         g_onInitDialog = m_onInitDialog.Original();
+        g_exchange = m_exchange.Original();
         g_setTab = m_setTab.Original();
         g_addTab = m_addTab.Original();
         g_setActiveTab = m_setActiveTab.Original();
@@ -108,6 +116,8 @@ class AboutSteps : public AboutFixture {
 
     const ImportHook<OnInitDialogFunction> m_onInitDialog{
         nullptr, "_ZN15CAdUiBaseDialog12OnInitDialogEv", &NoteOnInitDialog};
+    const ImportHook<ExchangeFunction> m_exchange{
+        nullptr, "_ZN4CWnd14DoDataExchangeEP13CDataExchange", &NoteExchange};
     const ImportHook<SetTabFunction> m_setTab{
         nullptr, "_ZN18CAdUiTabMainDialog17SetAcadTabPointerEP8CAdUiTab", &NoteSetTab};
     const ImportHook<AddTabFunction> m_addTab{
@@ -132,13 +142,14 @@ TEST_F(AboutSteps, AreTakenInOrder) {
 
     dialog.DoModal();
 
-    const Steps steps = {L"dialog: base", L"DDX_Control 105", L"dialog: SetAcadTabPointer 105",
-                         L"dialog: AddTab 0 关于 130", L"page: base", L"DDX_Control 125",
+    const Steps steps = {L"dialog: base", L"dialog: base's DoDataExchange", L"DDX_Control 105",
+                         L"dialog: SetAcadTabPointer 105", L"dialog: AddTab 0 关于 130",
+                         L"page: base", L"page: base's DoDataExchange", L"DDX_Control 125",
                          L"page: SetWindowText 124", L"page: LoadFromResource module 133",
                          L"page: InvalidateRect 125 all erasing", L"page: UpdateWindow 125",
                          L"dialog: SetActiveTab 0",
                          // OK: the framework goes over the controls once more.
-                         L"DDX_Control 105"};
+                         L"dialog: base's DoDataExchange", L"DDX_Control 105"};
     EXPECT_EQ(CallJournal::Calls(), steps);
 }
 
