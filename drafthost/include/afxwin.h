@@ -128,7 +128,8 @@ class DRAFTHOST_API CWnd : public CCmdTarget {
     }
     void UpdateWindow();
 
-    HWND GetSafeHwnd() const { return m_hWnd; }
+    /// Null also for an object that is null itself.
+    HWND GetSafeHwnd() const;
     operator HWND() const { return m_hWnd; }
     BOOL operator==(const CWnd& other) const { return m_hWnd == other.m_hWnd; }
 

@@ -28,7 +28,8 @@ class DRAFTHOST_API CDC : public CObject {
     BOOL CreateCompatibleDC(CDC* other);
     BOOL DeleteDC();
 
-    HDC GetSafeHdc() const { return m_hDC; }
+    /// Null also for an object that is null itself.
+    HDC GetSafeHdc() const;
     operator HDC() const { return m_hDC; }
 
     int SetStretchBltMode(int mode) { return ::SetStretchBltMode(m_hDC, mode); }

@@ -240,6 +240,7 @@ decltype(&GetClientRect) g_getClientRect = nullptr;
 
 /// Tells the two contexts of a paint apart.
 std::wstring Which(HDC context) {
+    if (context == nullptr) return L"no context";
     if (context == g_paintDC) return L"paint context";
     return context == g_drawingDC ? L"drawing context" : L"another context";
 }
@@ -366,6 +367,32 @@ TEST_F(ImageStaticPaint, LeavesOneContextUnreleasedEachTime) {
     }
 
     EXPECT_EQ(unreleased, 5);
+}
+
+HDC WINAPI GiveNoContext(HWND) {
+    return nullptr;
+}
+
+TEST_F(ImageStaticPaint, TakesTheSameStepsWithoutADrawingContext) {
+    const std::vector<COLORREF> before = Pixels(100, 60);
+    LoadResource();
+
+    {
+        const ImportHook<decltype(&GetDC)> none(nullptr, "GetDC", &GiveNoContext);
+        PaintWatched();
+    }
+
+    const std::vector<std::wstring> steps = {L"default paint",
+                                             L"BeginPaint",
+                                             L"GetDC",
+                                             L"GetClientRect",
+                                             L"SetStretchBltMode no context 4",
+                                             L"SetBrushOrgEx no context 0 0",
+                                             L"StretchBlt no context 0 0 100 60 0 0 32 16",
+                                             L"ReleaseDC paint context",
+                                             L"EndPaint"};
+    EXPECT_EQ(CallJournal::Calls(), steps);
+    EXPECT_EQ(Pixels(100, 60), before) << "the default paint is seen";
 }
 
 std::vector<HGDIOBJ> g_deleted;

@@ -46,6 +46,16 @@ TEST(DeviceContext, PaintContextBeginsAndEndsThePainting) {
     EXPECT_EQ(screen.GetPixel(100, 50), RGB(255, 255, 255));
 }
 
+TEST(DeviceContext, TheSafeHandleOfNoContextIsNull) {
+    CWnd window;
+    ASSERT_TRUE(MakeTestWindow(window, WS_POPUP | WS_VISIBLE));
+    const CClientDC context(&window);
+    const CDC* volatile nothing = nullptr;  // The compiler must not see that it is null.
+
+    EXPECT_EQ(context.GetSafeHdc(), context.m_hDC);
+    EXPECT_EQ(nothing->GetSafeHdc(), nullptr);
+}
+
 TEST(DeviceContext, ClientContextReleasesItsContext) {
     CWnd window;
     ASSERT_TRUE(MakeTestWindow(window, WS_POPUP | WS_VISIBLE));

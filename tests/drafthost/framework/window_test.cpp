@@ -221,6 +221,16 @@ TEST(Window, DestructorDestroysTheWindowAndReachesTheBaseLevelOnly) {
     EXPECT_EQ(destructions, 1);
 }
 
+TEST(Window, TheSafeHandleOfNoWindowIsNull) {
+    CWnd window;
+    EXPECT_EQ(window.GetSafeHwnd(), nullptr);
+    ASSERT_TRUE(MakeTestWindow(window));
+    const CWnd* volatile nothing = nullptr;  // The compiler must not see that it is null.
+
+    EXPECT_EQ(window.GetSafeHwnd(), window.m_hWnd);
+    EXPECT_EQ(nothing->GetSafeHwnd(), nullptr);
+}
+
 TEST(Window, DefaultGivesTheResultOfTheMessage) {
     Defaulting window;
     const HWND edit = MakeBareEdit();
