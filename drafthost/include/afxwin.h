@@ -76,7 +76,7 @@ class DRAFTHOST_API CCmdTarget : public CObject {
 /// still there. An exception that leaves a handler can't pass through the window procedure: it is
 /// kept there and leaves the framework operation that is under way instead (`CDialog::DoModal`,
 /// `CDialog::Create`, `CreateEx`, `DestroyWindow`, `SendMessage`, `UpdateWindow`); with none
-/// under way it ends the process as an uncaught one.
+/// under way, or only an object's end, it ends the process as an uncaught one.
 class DRAFTHOST_API CWnd : public CCmdTarget {
     DECLARE_DYNAMIC(CWnd)
 

@@ -27,6 +27,21 @@ CHILD_SCENARIO(ExceptionWithNobodyToCarryIt) {
     ExitProcess(2);  // Ahead of the window's end, which would meet the exception too.
 }
 
+CHILD_SCENARIO(ExceptionOfAChildInTheParentsDestructor) {
+    std::set_terminate([] { ExitProcess(77); });
+    Thrower child;
+    child.m_at = WM_DESTROY;
+    {
+        CWnd parent;
+        if (!MakeTestWindow(parent)) return 1;
+        if (!child.CreateEx(0, AfxRegisterWndClass(0), L"", WS_CHILD, 0, 0, 10, 10, parent,
+                            nullptr)) {
+            return 1;
+        }
+    }
+    ExitProcess(2);
+}
+
 }  // namespace
 
 TEST(WindowException, LeavesSendMessageByTheCallersSide) {
@@ -67,6 +82,13 @@ TEST(WindowException, LeavesUpdateWindow) {
 
 TEST(WindowException, EndsTheProcessWhenNoOperationIsUnderWay) {
     const ChildResult child = RunScenario(L"ExceptionWithNobodyToCarryIt");
+
+    EXPECT_FALSE(child.timedOut);
+    EXPECT_EQ(child.exitCode, 77u);
+}
+
+TEST(WindowException, EndsTheProcessWhenItMeetsADestructor) {
+    const ChildResult child = RunScenario(L"ExceptionOfAChildInTheParentsDestructor");
 
     EXPECT_FALSE(child.timedOut);
     EXPECT_EQ(child.exitCode, 77u);
