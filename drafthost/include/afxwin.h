@@ -96,7 +96,6 @@ class DRAFTHOST_API CWnd : public CCmdTarget {
     HWND Detach();
     /// `Attach`, and the window's messages come to this object from here on.
     BOOL SubclassWindow(HWND window);
-    BOOL SubclassDlgItem(UINT id, CWnd* parent);
     /// Undoes `SubclassWindow`; gives the window.
     HWND UnsubclassWindow();
     /// Called when the object is bound and messages are about to come: does nothing here.
@@ -131,7 +130,6 @@ class DRAFTHOST_API CWnd : public CCmdTarget {
     /// Null also for an object that is null itself.
     HWND GetSafeHwnd() const;
     operator HWND() const { return m_hWnd; }
-    BOOL operator==(const CWnd& other) const { return m_hWnd == other.m_hWnd; }
 
     DWORD GetStyle() const { return static_cast<DWORD>(::GetWindowLongPtrW(m_hWnd, GWL_STYLE)); }
     DWORD GetExStyle() const {
@@ -140,10 +138,7 @@ class DRAFTHOST_API CWnd : public CCmdTarget {
     /// Null when there is no such child.
     CWnd* GetDlgItem(int id) const { return FromHandle(::GetDlgItem(m_hWnd, id)); }
     int GetDlgCtrlID() const { return ::GetDlgCtrlID(m_hWnd); }
-    CWnd* GetParent() const { return FromHandle(::GetParent(m_hWnd)); }
     void SetWindowText(LPCTSTR text) { ::SetWindowText(m_hWnd, text); }
-    int GetWindowText(LPTSTR text, int size) const { return ::GetWindowText(m_hWnd, text, size); }
-    void GetWindowText(CString& text) const;
     int GetWindowTextLength() const { return ::GetWindowTextLength(m_hWnd); }
     /// Over the owner, or in the middle of the primary screen's work area.
     void CenterWindow();
@@ -151,16 +146,10 @@ class DRAFTHOST_API CWnd : public CCmdTarget {
     BOOL IsWindowVisible() const { return ::IsWindowVisible(m_hWnd); }
     BOOL EnableWindow(BOOL enable = TRUE) { return ::EnableWindow(m_hWnd, enable); }
     BOOL IsWindowEnabled() const { return ::IsWindowEnabled(m_hWnd); }
-    CWnd* SetFocus() { return FromHandle(::SetFocus(m_hWnd)); }
-    CWnd* SetActiveWindow() { return FromHandle(::SetActiveWindow(m_hWnd)); }
 
     void GetClientRect(LPRECT rectangle) const { ::GetClientRect(m_hWnd, rectangle); }
     void GetWindowRect(LPRECT rectangle) const { ::GetWindowRect(m_hWnd, rectangle); }
     void ClientToScreen(LPPOINT point) const { ::ClientToScreen(m_hWnd, point); }
-    void ClientToScreen(LPRECT rectangle) const {
-        ::MapWindowPoints(m_hWnd, nullptr, reinterpret_cast<LPPOINT>(rectangle), 2);
-    }
-    void ScreenToClient(LPPOINT point) const { ::ScreenToClient(m_hWnd, point); }
     void ScreenToClient(LPRECT rectangle) const {
         ::MapWindowPoints(nullptr, m_hWnd, reinterpret_cast<LPPOINT>(rectangle), 2);
     }
@@ -172,16 +161,6 @@ class DRAFTHOST_API CWnd : public CCmdTarget {
                               width, height, flags);
     }
     void Invalidate(BOOL erase = TRUE) { ::InvalidateRect(m_hWnd, nullptr, erase); }
-    void InvalidateRect(LPCRECT rectangle, BOOL erase = TRUE) {
-        ::InvalidateRect(m_hWnd, rectangle, erase);
-    }
-    void ValidateRect(LPCRECT rectangle) { ::ValidateRect(m_hWnd, rectangle); }
-    CDC* GetDC() { return CDC::FromHandle(::GetDC(m_hWnd)); }
-    int ReleaseDC(CDC* context) { return ::ReleaseDC(m_hWnd, context->m_hDC); }
-    UINT_PTR SetTimer(UINT_PTR id, UINT milliseconds, TIMERPROC callback) {
-        return ::SetTimer(m_hWnd, id, milliseconds, callback);
-    }
-    BOOL KillTimer(UINT_PTR id) { return ::KillTimer(m_hWnd, id); }
 
     HWND m_hWnd = nullptr;
 
@@ -210,14 +189,11 @@ class DRAFTHOST_API CWnd : public CCmdTarget {
     // Default processing each; they stand behind a class's own handlers of the same names.
     afx_msg void OnPaint() { Default(); }
     afx_msg void OnDestroy() { Default(); }
-    afx_msg void OnClose() { Default(); }
     afx_msg void OnMouseMove(UINT, CPoint) { Default(); }
-    afx_msg void OnLButtonDown(UINT, CPoint) { Default(); }
     afx_msg void OnTimer(UINT_PTR) { Default(); }
     afx_msg void OnMove(int, int) { Default(); }
     afx_msg void OnSize(UINT, int, int) { Default(); }
     afx_msg void OnActivate(UINT, CWnd*, BOOL) { Default(); }
-    afx_msg void OnShowWindow(BOOL, UINT) { Default(); }
     afx_msg BOOL OnEraseBkgnd(CDC*) { return static_cast<BOOL>(Default()); }
     afx_msg int OnCreate(LPCREATESTRUCT) { return static_cast<int>(Default()); }
     /// Default processing, unbinds the object and calls `PostNcDestroy`.

@@ -38,14 +38,7 @@ class DRAFTHOST_API CDC : public CObject {
         ::SetBrushOrgEx(m_hDC, x, y, &previous);
         return previous;
     }
-    int SetBkMode(int mode) { return ::SetBkMode(m_hDC, mode); }
-    COLORREF SetTextColor(COLORREF color) { return ::SetTextColor(m_hDC, color); }
     COLORREF GetPixel(int x, int y) const { return ::GetPixel(m_hDC, x, y); }
-    HGDIOBJ SelectObject(HGDIOBJ object) { return ::SelectObject(m_hDC, object); }
-    BOOL BitBlt(int x, int y, int width, int height, CDC* source, int sourceX, int sourceY,
-                DWORD operation) {
-        return ::BitBlt(m_hDC, x, y, width, height, source->m_hDC, sourceX, sourceY, operation);
-    }
 
     HDC m_hDC = nullptr;
 };

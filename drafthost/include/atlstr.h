@@ -20,7 +20,6 @@ using CString = CStringW;
 namespace CStringConversion {
 
 inline std::string Convert(const wchar_t* text, char) {
-    if (text == nullptr) return {};
     const int size = WideCharToMultiByte(CP_ACP, 0, text, -1, nullptr, 0, nullptr, nullptr);
     if (size <= 1) return {};
     std::string narrow(static_cast<size_t>(size), '\0');
@@ -30,7 +29,6 @@ inline std::string Convert(const wchar_t* text, char) {
 }
 
 inline std::wstring Convert(const char* text, wchar_t) {
-    if (text == nullptr) return {};
     const int size = MultiByteToWideChar(CP_ACP, 0, text, -1, nullptr, 0);
     if (size <= 1) return {};
     std::wstring wide(static_cast<size_t>(size), L'\0');
@@ -75,7 +73,6 @@ class CStringT {
 
     CStringT() = default;
     CStringT(PCXSTR text) : m_text(text != nullptr ? text : &g_terminator) {}
-    CStringT(PCXSTR text, int length) : m_text(text, static_cast<size_t>(length)) {}
     /// Converts between the ANSI code page and UTF-16.
     explicit CStringT(const OtherCharacter* text)
         : m_text(CStringConversion::Convert(text, Character())) {}
@@ -89,62 +86,28 @@ class CStringT {
         m_text = CStringConversion::Convert(text, Character());
         return *this;
     }
-    CStringT& operator+=(PCXSTR text) {
-        if (text != nullptr) m_text += text;
-        return *this;
-    }
-    CStringT& operator+=(const CStringT& text) {
-        m_text += text.m_text;
-        return *this;
-    }
 
     operator PCXSTR() const { return m_text.c_str(); }
     PCXSTR GetString() const { return m_text.c_str(); }
     int GetLength() const { return static_cast<int>(m_text.size()); }
-    bool IsEmpty() const { return m_text.empty(); }
-    void Empty() { m_text.clear(); }
-
-    /// Index of the first match at or behind `start`; -1 when there is none.
-    int Find(PCXSTR part, int start = 0) const {
-        const size_t found = m_text.find(part, static_cast<size_t>(start));
-        return found == std::basic_string<Character>::npos ? -1 : static_cast<int>(found);
-    }
-
-    /// Replaces every `from` by `to`; gives the count.
-    int Replace(Character from, Character to) {
-        int count = 0;
-        for (Character& character : m_text) {
-            if (character == from) {
-                character = to;
-                ++count;
-            }
-        }
-        return count;
-    }
 
     /// Replaces the text by the formatted one, by the C runtime's rules: "%s" takes text of this
     /// string's own kind. The string itself may be among the arguments.
     void Format(PCXSTR format, ...) {
         va_list arguments;
         va_start(arguments, format);
-        FormatV(format, arguments);
+        const int length = CStringConversion::FormattedLength(format, arguments);
         va_end(arguments);
-    }
-    void FormatV(PCXSTR format, va_list arguments) {
-        va_list counting;
-        va_copy(counting, arguments);
-        const int length = CStringConversion::FormattedLength(format, counting);
-        va_end(counting);
         std::basic_string<Character> result(length > 0 ? static_cast<size_t>(length) + 1 : 0, 0);
         if (length > 0) {
+            va_start(arguments, format);
             CStringConversion::FormatInto(result.data(), result.size(), format, arguments);
+            va_end(arguments);
             result.pop_back();
         }
         m_text.swap(result);
     }
 
-    friend CStringT operator+(CStringT left, PCXSTR right) { return left += right; }
-    friend CStringT operator+(CStringT left, const CStringT& right) { return left += right; }
     friend bool operator==(const CStringT& left, const CStringT& right) {
         return left.m_text == right.m_text;
     }

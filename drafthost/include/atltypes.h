@@ -2,14 +2,6 @@
 
 #include <windows.h>
 
-/// A `SIZE` that is made from its two numbers.
-class CSize : public SIZE {
-  public:
-    CSize() : SIZE{0, 0} {}
-    CSize(int width, int height) : SIZE{width, height} {}
-    CSize(SIZE size) : SIZE(size) {}
-};
-
 /// A `POINT` that is made from its two numbers.
 class CPoint : public POINT {
   public:
@@ -20,7 +12,6 @@ class CPoint : public POINT {
     friend bool operator==(const CPoint& left, const POINT& right) {
         return left.x == right.x && left.y == right.y;
     }
-    friend bool operator!=(const CPoint& left, const POINT& right) { return !(left == right); }
 };
 
 /// A `RECT` with its usual questions, which passes for a `RECT*` where Win32 wants one.
@@ -36,8 +27,5 @@ class CRect : public RECT {
 
     int Width() const { return right - left; }
     int Height() const { return bottom - top; }
-    CSize Size() const { return {Width(), Height()}; }
     CPoint TopLeft() const { return {static_cast<int>(left), static_cast<int>(top)}; }
-    BOOL IsRectEmpty() const { return ::IsRectEmpty(this); }
-    BOOL PtInRect(POINT point) const { return ::PtInRect(this, point); }
 };

@@ -46,10 +46,6 @@ LRESULT CallHandler(CWnd* window, const AFX_MSGMAP_ENTRY& entry, WPARAM wParam, 
             (window->*As<void (CWnd::*)(UINT, CWnd*, BOOL)>(entry.pfn))(
                 LOWORD(wParam), CWnd::FromHandle(reinterpret_cast<HWND>(lParam)), HIWORD(wParam));
             return 0;
-        case AfxSig_v_b_u:
-            (window->*As<void (CWnd::*)(BOOL, UINT)>(entry.pfn))(static_cast<BOOL>(wParam),
-                                                                 static_cast<UINT>(lParam));
-            return 0;
         case AfxSig_b_D:
             return (window->*As<BOOL (CWnd::*)(CDC*)>(entry.pfn))(
                 CDC::FromHandle(reinterpret_cast<HDC>(wParam)));

@@ -49,10 +49,6 @@ BOOL CWnd::SubclassWindow(HWND window) {
     return TRUE;
 }
 
-BOOL CWnd::SubclassDlgItem(UINT id, CWnd* parent) {
-    return SubclassWindow(::GetDlgItem(parent->m_hWnd, static_cast<int>(id)));
-}
-
 HWND CWnd::UnsubclassWindow() {
     const auto own = reinterpret_cast<LONG_PTR>(AfxWndProc);
     // Whoever subclassed the window after us calls us still and isn't to be cut off.
@@ -100,12 +96,6 @@ void CWnd::UpdateWindow() {
     ExceptionCarrier carrier;
     ::UpdateWindow(m_hWnd);
     carrier.Rethrow();
-}
-
-void CWnd::GetWindowText(CString& text) const {
-    std::wstring buffer(static_cast<size_t>(GetWindowTextLength()) + 1, L'\0');
-    ::GetWindowTextW(m_hWnd, buffer.data(), static_cast<int>(buffer.size()));
-    text = buffer.c_str();
 }
 
 void CWnd::CenterWindow() {
