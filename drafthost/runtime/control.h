@@ -132,7 +132,8 @@ DRAFTHOST_API OpenResult NewDrawing();
 /// Closes the active drawing. False when there is none, or it is in use by what is running.
 DRAFTHOST_API bool CloseDrawing();
 
-/// Brings the drawing with this title or path to the front; false when there is none.
+/// Brings the drawing with this title or path, with or without ".dwg", to the front; false when
+/// there is none.
 DRAFTHOST_API bool ActivateDrawing(const std::wstring& name);
 
 struct DrawingInfo {

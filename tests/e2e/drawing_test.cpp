@@ -43,8 +43,8 @@ TEST(Drawing, AMissingApplicationIsSilentAndTheFunctionIsDefined) {
 
     EXPECT_EQ(run.exitCode, 0u);
     EXPECT_EQ(run.console.find(L"error"), std::wstring::npos);
-    EXPECT_NE(run.console.find(std::to_wstring(installation.Location().size())),
-              std::wstring::npos);
+    const std::wstring length = std::to_wstring(installation.Location().size());
+    EXPECT_EQ(Occurrences(run.console, L"\n" + length + L"\n"), 1u);
 }
 
 TEST(Drawing, ADirectoryOfTheApplicationsNameQueuesNothing) {
@@ -75,4 +75,5 @@ TEST(Drawing, AfterUnloadingTheModuleTheFunctionIsGone) {
         installation.Run({installation.FirstDrawing()}, L"UNLOAD KVTCAD.arx\n(getkvtpath)\n");
 
     EXPECT_NE(run.console.find(L"no function definition: GETKVTPATH"), std::wstring::npos);
+    EXPECT_EQ(run.exitCode, 0u) << "the host had nothing to take away";
 }

@@ -1,5 +1,5 @@
 // Makes the heap bug that its argument names. Each one has to be reported by the heap's validation;
-// run-validated checks that, so that a silent pass of the other programs means something.
+// see-planted-bugs checks that, so that a silent pass of the other programs means something.
 
 #include <windows.h>
 

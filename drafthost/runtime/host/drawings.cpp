@@ -94,6 +94,7 @@ bool CloseDrawing() {
 
 bool ActivateDrawing(const std::wstring& name) {
     Document* document = FindDrawing(name);
+    if (document == nullptr) document = FindDrawing(name + L".dwg");
     if (document == nullptr) return false;
     HostServices()->documents.Activate(*document);
     return true;

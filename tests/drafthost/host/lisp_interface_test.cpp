@@ -1,6 +1,7 @@
 // The C functions for LISP where no module and no drawing is, and the lists of values.
 
 #include "captured_output.h"
+#include "opened_drawing.h"
 #include "runtime/control.h"
 
 #include "acdocman.h"
@@ -10,14 +11,6 @@
 #include <gtest/gtest.h>
 
 namespace {
-
-/// A new drawing for the life of the object.
-struct OpenedDrawing {
-    OpenedDrawing() { drafthost::NewDrawing(); }
-    OpenedDrawing(const OpenedDrawing&) = delete;
-    OpenedDrawing& operator=(const OpenedDrawing&) = delete;
-    ~OpenedDrawing() { drafthost::CloseDrawing(); }
-};
 
 int AnswerWithCode() {
     acedRetInt(acedGetFunCode());

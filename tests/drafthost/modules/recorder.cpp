@@ -1,11 +1,14 @@
 // A module that does all it should and tells of it: every message and reactor call becomes a line,
-// and its commands and LISP functions show what the host hands over.
+// and its commands and LISP functions show what the host hands over. A copy under another name puts
+// that name ahead of what it tells.
 
 #include "modules/fixture_exports.h"
 
 #include "aced.h"
 
 #include <windows.h>
+
+#include <string>
 
 namespace {
 
@@ -17,8 +20,23 @@ const ACHAR* CurrentTitle() {
     return acDocManagerPtr() == nullptr ? L"-" : TitleOf(acDocManagerPtr()->curDocument());
 }
 
+/// The file's name up to its extension and a blank; empty for the recorder under its own name.
+std::wstring TellerName() {
+    HMODULE own = nullptr;
+    GetModuleHandleExW(
+        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+        reinterpret_cast<const wchar_t*>(&TellerName), &own);
+    wchar_t path[MAX_PATH] = {};
+    GetModuleFileNameW(own, path, MAX_PATH);
+    const std::wstring file = path;
+    const std::size_t start = file.rfind(L'\\') + 1;
+    const std::wstring name = file.substr(start, file.rfind(L'.') - start);
+    return name == L"recorder" ? L"" : name + L" ";
+}
+
 void Tell(const ACHAR* what, const ACHAR* about) {
-    acutPrintf(L"\n[%s %s]", what, about);
+    static const std::wstring teller = TellerName();
+    acutPrintf(L"\n[%s%s %s]", teller.c_str(), what, about);
 }
 
 class Reactor : public AcApDocManagerReactor {

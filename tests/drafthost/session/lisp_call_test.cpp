@@ -81,7 +81,8 @@ TEST(LispCall, AFunctionIsDefinedInEachDrawing) {
 TEST(LispCall, DrawingsHaveSymbolsOfTheirOwn) {
     const HostRun run(L"", L"(setq a 1)\nNEW\n!a\nSWITCH Drawing1\n!a\nQUIT\n");
 
-    EXPECT_THAT(run.Output(), HasSubstr(L"Command: !a\nnil\n"));
+    EXPECT_THAT(run.Output(), HasSubstr(L"Command: NEW\nCommand: !a\nnil\n"));
+    EXPECT_THAT(run.Output(), HasSubstr(L"Command: SWITCH Drawing1\nCommand: !a\n1\n"));
 }
 
 TEST(LispCall, ARedefinedFunctionStaysLispsOwnWhenTheDrawingCloses) {
