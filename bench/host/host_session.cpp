@@ -5,17 +5,6 @@
 #include <filesystem>
 #include <stdexcept>
 
-namespace {
-
-constexpr wchar_t profile[] = L"bench";
-
-void DeleteProfile() {
-    const std::wstring key = std::wstring(L"Software\\Drafthost\\Profiles\\") + profile;
-    RegDeleteTreeW(HKEY_CURRENT_USER, key.c_str());  // Result ignored: there may be none.
-}
-
-}  // namespace
-
 RunningHost::RunningHost() {
     // A host has these loaded anyway; no load of a module is to load them.
     for (const wchar_t* library :
@@ -24,21 +13,13 @@ RunningHost::RunningHost() {
     }
     drafthost::SetTextOutput(&m_output);
     drafthost::HostOptions options;
-    options.profile = profile;
+    options.profile = m_profile.Name();
     if (!drafthost::StartHost(options)) throw std::runtime_error("the host doesn't start");
 }
 
 RunningHost::~RunningHost() {
     drafthost::ShutDownHost();
     drafthost::SetTextOutput(nullptr);
-}
-
-HostSession::NewProfile::NewProfile() {
-    DeleteProfile();
-}
-
-HostSession::NewProfile::~NewProfile() {
-    DeleteProfile();
 }
 
 HostSession& HostSession::Instance() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "e2e/installation.h"
+#include "support/test_profile.h"
 
 #include "runtime/control.h"
 
@@ -21,6 +22,8 @@ class RunningHost {
     };
 
     SilentOutput m_output;
+    // Settings of an earlier run would make the search path longer each time.
+    TestProfile m_profile;
 };
 
 /// The host in this program, with an installation, our module and the bare ones beside each other.
@@ -48,16 +51,7 @@ class HostSession {
 
     std::wstring Beside(const wchar_t* name) const;
 
-    /// Settings of an earlier run would make the search path longer each time.
-    struct NewProfile {
-        NewProfile();
-        NewProfile(const NewProfile&) = delete;
-        NewProfile& operator=(const NewProfile&) = delete;
-        ~NewProfile();
-    };
-
     Installation m_installation;
-    NewProfile m_profile;
     RunningHost m_host;
 };
 

@@ -4,6 +4,7 @@
 
 #include "config/log_fixture.h"
 #include "support/import_hook.h"
+#include "support/occurrences.h"
 
 #include <atlstr.h>
 
@@ -126,7 +127,7 @@ TEST_F(LogOfOneLine, GoesToTheDebuggerToo) {
 
 TEST_F(LogOfOneLine, IsAppendedToByASecondRun) {
     EXPECT_THAT(ReadFileBytes(m_folder->InfoLog()), StartsWith(m_firstBytes));
-    EXPECT_EQ(CountOf(m_firstBytes, "\n"), 5u);
+    EXPECT_EQ(Occurrences(m_firstBytes, "\n"), 5u);
     ASSERT_EQ(m_lines.size(), 10u);
     EXPECT_THAT(m_lines[5], StartsWith("Log file created at: "));
     EXPECT_THAT(m_lines[9], HasSubstr("安装目录 设计"));

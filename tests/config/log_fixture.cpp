@@ -49,13 +49,6 @@ std::vector<std::string> MessagesOf(const std::wstring& path) {
     return messages;
 }
 
-size_t CountOf(const std::string& text, const std::string& part) {
-    size_t count = 0;
-    for (size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
-        ++count;
-    return count;
-}
-
 std::string WithNines(std::string text) {
     std::replace_if(
         text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; }, '9');

@@ -44,8 +44,6 @@ std::vector<std::string> LinesOf(const std::wstring& path);
 /// The messages alone: neither header lines nor prefixes.
 std::vector<std::string> MessagesOf(const std::wstring& path);
 
-size_t CountOf(const std::string& text, const std::string& part);
-
 /// The text with a 9 for each digit, for what tells the time.
 std::string WithNines(std::string text);
 

@@ -4,6 +4,7 @@
 
 #include "config/log_fixture.h"
 #include "support/import_hook.h"
+#include "support/occurrences.h"
 
 #include <atlstr.h>
 
@@ -54,10 +55,10 @@ CHILD_SCENARIO(GetsItsFolderLate) {
 TEST_F(LogSetup, TriesAgainAtEach32ndLineWithoutAFolderAndLosesThoseBetween) {
     const ChildResult child = m_folder.Run(L"GetsItsFolderLate");
 
-    EXPECT_EQ(CountOf(child.errors, "COULD NOT CREATE"), 2u) << "lines 1 and 33";
+    EXPECT_EQ(Occurrences(child.errors, "COULD NOT CREATE"), 2u) << "lines 1 and 33";
     EXPECT_THAT(MessagesOf(m_folder.InfoLog()),
                 ElementsAre("line 65", "line 66", "line 67", "line 68"));
-    EXPECT_EQ(CountOf(child.errors, "] line "), 68u) << "stderr gets them all";
+    EXPECT_EQ(Occurrences(child.errors, "] line "), 68u) << "stderr gets them all";
 }
 
 namespace {

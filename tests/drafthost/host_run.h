@@ -1,7 +1,8 @@
 #pragma once
 
+#include "support/test_profile.h"
+
 #include "runtime/exit_code.h"
-#include "test_profile.h"
 
 #include <string>
 

@@ -28,10 +28,6 @@
 
 namespace {
 
-void DeleteProfile(const std::wstring& name) {
-    RegDeleteTreeW(HKEY_CURRENT_USER, (L"Software\\Drafthost\\Profiles\\" + name).c_str());
-}
-
 /// One session for the program: a host's services end with their session.
 class AboutInHost : public testing::Test {
   protected:
@@ -39,7 +35,7 @@ class AboutInHost : public testing::Test {
         m_installation = std::make_unique<Installation>();
         m_installation->Registry().SetVersion(L"2.1.0");
         drafthost::HostOptions options;
-        options.profile = profile;
+        options.profile = m_installation->ProfileName();
         ASSERT_TRUE(drafthost::StartHost(options));
         ASSERT_EQ(drafthost::NewDrawing(), drafthost::OpenResult::Opened);
         ASSERT_EQ(drafthost::LoadModule(m_installation->ModulePath()),
@@ -48,11 +44,9 @@ class AboutInHost : public testing::Test {
     static void TearDownTestSuite() {
         drafthost::ShutDownHost();
         EXPECT_EQ(drafthost::OffenceCount(), 0u);
-        DeleteProfile(profile);
         m_installation.reset();
     }
 
-    static constexpr wchar_t profile[] = L"about test";
     static std::unique_ptr<Installation> m_installation;
 };
 std::unique_ptr<Installation> AboutInHost::m_installation;
@@ -149,10 +143,9 @@ bool RunTheWholeSession() {
 // The module is in the process before the host loads it, so that its calls are seen from its start
 // on, and it goes with the hooks in place. The exit code is 0 for a quiet run.
 CHILD_SCENARIO(WholeRunWithTheCommand) {
-    constexpr wchar_t profile[] = L"quiet run test";
     Installation installation;
     drafthost::HostOptions options;
-    options.profile = profile;
+    options.profile = installation.ProfileName();
     bool done = drafthost::StartHost(options);
     const HMODULE module = LoadLibraryW(installation.ModulePath().c_str());
     if (Imports(module, "GdiplusStartup")) NoteCall("GdiplusStartup is imported");
@@ -162,7 +155,6 @@ CHILD_SCENARIO(WholeRunWithTheCommand) {
     FreeLibrary(module);  // The host holds it from here on.
     done = RunTheWholeSession() && loaded == drafthost::LoadResult::Loaded && done;
 
-    DeleteProfile(profile);
     if (!done) return 1;
     if (GetModuleHandleW(L"KVTCAD.arx") != nullptr) return 2;
     return g_calls == 0 ? 0 : 3;

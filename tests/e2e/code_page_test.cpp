@@ -15,7 +15,7 @@ TEST(ForeignCodePage, IsTheOneThatTheseTestsRunUnder) {
 TEST(ForeignCodePage, AnInstallationAtAnAsciiPathStarts) {
     Installation installation;
 
-    const HostRun run = installation.Run({installation.FirstDrawing()});
+    const InstallationRun run = installation.Run({installation.FirstDrawing()});
 
     EXPECT_EQ(run.exitCode, 0u);
     EXPECT_EQ(Occurrences(run.console, L"\n欢迎使用《KVT CAD辅助设计软件》2026.1 \n"), 1u);
@@ -36,7 +36,7 @@ TEST(ForeignCodePage, TheLogsLiteralsStayGbkBytes) {
 TEST(ForeignCodePage, ALocationThatItCannotSpellIsRefused) {
     Installation installation(L"安装");
 
-    const HostRun run = installation.Run({});
+    const InstallationRun run = installation.Run({});
 
     EXPECT_EQ(run.exitCode, 13u);
     EXPECT_EQ(Occurrences(run.console, L"\n《KVT CAD辅助设计软件》可能没有正确安装"), 1u);

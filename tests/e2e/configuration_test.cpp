@@ -12,7 +12,7 @@ namespace {
 
 constexpr char healed[] = "<?xml version=\"1.0\" encoding=\"UTF-8\"";
 
-bool Started(const HostRun& run) {
+bool Started(const InstallationRun& run) {
     return run.exitCode == 0 && Occurrences(run.console, L"\n欢迎使用") == 1;
 }
 
@@ -21,7 +21,7 @@ bool Started(const HostRun& run) {
 TEST(ConfigurationAtStart, AMissingFileIsWrittenAndTheLogStaysOff) {
     Installation installation;
 
-    const HostRun run = installation.Run({});
+    const InstallationRun run = installation.Run({});
 
     EXPECT_TRUE(Started(run));
     EXPECT_EQ(ReadFileBytes(installation.ConfigPath()).find(healed), 0u);
@@ -32,7 +32,7 @@ TEST(ConfigurationAtStart, AnEmptyFileIsReplaced) {
     Installation installation;
     WriteFileBytes(installation.ConfigPath(), "");
 
-    const HostRun run = installation.Run({});
+    const InstallationRun run = installation.Run({});
 
     EXPECT_TRUE(Started(run));
     EXPECT_EQ(ReadFileBytes(installation.ConfigPath()).find(healed), 0u);
@@ -43,7 +43,7 @@ TEST(ConfigurationAtStart, AMalformedFileIsReplacedWithoutABackup) {
     Installation installation;
     WriteFileBytes(installation.ConfigPath(), "<Config><EnableLog></Config>");
 
-    const HostRun run = installation.Run({});
+    const InstallationRun run = installation.Run({});
 
     EXPECT_TRUE(Started(run));
     EXPECT_EQ(ReadFileBytes(installation.ConfigPath()).find(healed), 0u);
@@ -56,7 +56,7 @@ TEST(ConfigurationAtStart, AValidFileIsReadAndNotTouched) {
     installation.EnableLog();
     const std::string before = ReadFileBytes(installation.ConfigPath());
 
-    const HostRun run = installation.Run({});
+    const InstallationRun run = installation.Run({});
 
     EXPECT_TRUE(Started(run));
     EXPECT_EQ(ReadFileBytes(installation.ConfigPath()), before);
@@ -72,7 +72,7 @@ TEST(ConfigurationAtStart, AFileThatCanOnlyBeReadWillDo) {
                                       FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(reader, INVALID_HANDLE_VALUE);
 
-    const HostRun run = installation.Run({});
+    const InstallationRun run = installation.Run({});
 
     CloseHandle(reader);
     SetFileAttributesW(installation.ConfigPath().c_str(), FILE_ATTRIBUTE_NORMAL);
@@ -97,7 +97,7 @@ TEST(ConfigurationAtStart, AnotherRootThanConfigLeavesTheLogOff) {
     Installation installation;
     WriteFileBytes(installation.ConfigPath(), "<Settings><EnableLog/></Settings>");
 
-    const HostRun run = installation.Run({});
+    const InstallationRun run = installation.Run({});
 
     EXPECT_TRUE(Started(run));
     EXPECT_FALSE(std::filesystem::exists(installation.LogFolder()));

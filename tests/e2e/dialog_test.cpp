@@ -12,7 +12,7 @@ constexpr unsigned long fileMissingExitCode = 11;
 
 class Dialog : public testing::Test {
   protected:
-    HostRun Run(const std::wstring& arguments, const std::wstring& lines) {
+    InstallationRun Run(const std::wstring& arguments, const std::wstring& lines) {
         return m_installation.RunHost(
             L"--load \"" + m_installation.ModulePath() + L"\" " + arguments, lines);
     }
@@ -33,7 +33,7 @@ unsigned NumberAt(const std::string& png, size_t offset) {
 }  // namespace
 
 TEST_F(Dialog, IsPicturedAndAnsweredEachTimeWhileTheSessionGoesOn) {
-    const HostRun run = Run(m_capture, L"LoadKVT\nLoadKVT\n(+ 40 2)\nQUIT\n");
+    const InstallationRun run = Run(m_capture, L"LoadKVT\nLoadKVT\n(+ 40 2)\nQUIT\n");
 
     EXPECT_EQ(run.exitCode, 0u) << run.errors;
     EXPECT_EQ(Occurrences(run.console, L"Picture of the dialog: " + m_pictures), 2u);
@@ -54,7 +54,7 @@ TEST_F(Dialog, IsPicturedAndAnsweredEachTimeWhileTheSessionGoesOn) {
 TEST_F(Dialog, PictureFolderThatCantBeMadeEndsTheRunAhead) {
     WriteFileBytes(m_installation.Folder() + L"\\图片", "a file in the way");
 
-    const HostRun run = Run(m_capture, L"LoadKVT\nQUIT\n");
+    const InstallationRun run = Run(m_capture, L"LoadKVT\nQUIT\n");
 
     EXPECT_EQ(run.exitCode, fileMissingExitCode);
     EXPECT_EQ(run.console.find(L"欢迎使用"), std::wstring::npos) << "the module was started";

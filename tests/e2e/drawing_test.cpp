@@ -9,7 +9,7 @@
 TEST(Drawing, EachOneLoadsTheApplicationWhichGetsItsDirectory) {
     Installation installation;
 
-    const HostRun run =
+    const InstallationRun run =
         installation.Run({installation.FirstDrawing(), installation.SecondDrawing()});
 
     const std::wstring from = L" from " + installation.Location() + L"]";
@@ -20,8 +20,8 @@ TEST(Drawing, EachOneLoadsTheApplicationWhichGetsItsDirectory) {
 TEST(Drawing, OpenedLaterLoadsTheApplicationAsWell) {
     Installation installation;
 
-    const HostRun run = installation.Run({installation.FirstDrawing()},
-                                         L"OPEN " + installation.SecondDrawing() + L"\n");
+    const InstallationRun run = installation.Run({installation.FirstDrawing()},
+                                                 L"OPEN " + installation.SecondDrawing() + L"\n");
 
     EXPECT_EQ(Occurrences(run.console, L"[application in second.dwg from "), 1u);
     EXPECT_EQ(run.exitCode, 0u);
@@ -30,7 +30,8 @@ TEST(Drawing, OpenedLaterLoadsTheApplicationAsWell) {
 TEST(Drawing, GetKVTPathIgnoresItsArguments) {
     Installation installation;
 
-    const HostRun run = installation.Run({installation.FirstDrawing()}, L"(getkvtpath 1 nil)\n");
+    const InstallationRun run =
+        installation.Run({installation.FirstDrawing()}, L"(getkvtpath 1 nil)\n");
 
     EXPECT_EQ(Occurrences(run.console, L"\n" + LispLiteral(installation.Location()) + L"\n"), 1u);
 }
@@ -39,7 +40,8 @@ TEST(Drawing, AMissingApplicationIsSilentAndTheFunctionIsDefined) {
     Installation installation;
     std::filesystem::remove(installation.LispPath());
 
-    const HostRun run = installation.Run({installation.FirstDrawing()}, L"(strlen (getkvtpath))\n");
+    const InstallationRun run =
+        installation.Run({installation.FirstDrawing()}, L"(strlen (getkvtpath))\n");
 
     EXPECT_EQ(run.exitCode, 0u);
     EXPECT_EQ(run.console.find(L"error"), std::wstring::npos);
@@ -52,7 +54,7 @@ TEST(Drawing, ADirectoryOfTheApplicationsNameQueuesNothing) {
     std::filesystem::remove(installation.LispPath());
     std::filesystem::create_directory(installation.LispPath());
 
-    const HostRun run = installation.Run({installation.FirstDrawing()});
+    const InstallationRun run = installation.Run({installation.FirstDrawing()});
 
     EXPECT_EQ(run.exitCode, 0u);
     EXPECT_EQ(run.console.find(L"error"), std::wstring::npos);
@@ -62,8 +64,8 @@ TEST(Drawing, TheApplicationFindsFilesThroughTheSearchPathOfTheModule) {
     Installation installation;
     WriteFileBytes(installation.Location() + L"\\R17x\\x64\\standard.txt", "x");
 
-    const HostRun run = installation.Run({installation.FirstDrawing()},
-                                         L"(if (findfile \"standard.txt\") \"found it\")\n");
+    const InstallationRun run = installation.Run(
+        {installation.FirstDrawing()}, L"(if (findfile \"standard.txt\") \"found it\")\n");
 
     EXPECT_EQ(Occurrences(run.console, L"\"found it\"\n"), 1u);
 }
@@ -71,7 +73,7 @@ TEST(Drawing, TheApplicationFindsFilesThroughTheSearchPathOfTheModule) {
 TEST(Drawing, AfterUnloadingTheModuleTheFunctionIsGone) {
     Installation installation;
 
-    const HostRun run =
+    const InstallationRun run =
         installation.Run({installation.FirstDrawing()}, L"UNLOAD KVTCAD.arx\n(getkvtpath)\n");
 
     EXPECT_NE(run.console.find(L"no function definition: GETKVTPATH"), std::wstring::npos);

@@ -2,13 +2,15 @@
 
 #include "support/child_process.h"
 #include "support/install_registry.h"
+#include "support/occurrences.h"
 #include "support/temp_folder.h"
+#include "support/test_profile.h"
 
 #include <string>
 #include <vector>
 
-/// What a run of drafthost gave.
-struct HostRun {
+/// What a run of drafthost in an installation gave.
+struct InstallationRun {
     unsigned long exitCode = 0;
     std::wstring console;  ///< its output, from UTF-8, lines ended by "\n" alone
     std::string errors;    ///< bytes of stderr, where the log library writes too
@@ -27,7 +29,6 @@ class Installation {
     explicit Installation(const std::wstring& folderName = L"kvt installation");
     Installation(const Installation&) = delete;
     Installation& operator=(const Installation&) = delete;
-    ~Installation();
 
     InstallRegistry& Registry() { return m_registry; }
     std::wstring Location() const { return m_folder / L"install"; }
@@ -46,15 +47,18 @@ class Installation {
     /// Runs drafthost with the module, the drawings (none: one new drawing) and `lines` as its
     /// input, under a profile of this installation's own, which lasts from run to run. An offence
     /// of the module gives exit code 15. `directory` empty: the caller's.
-    HostRun Run(const std::vector<std::wstring>& drawings, const std::wstring& lines = {},
-                const std::wstring& directory = {});
+    InstallationRun Run(const std::vector<std::wstring>& drawings, const std::wstring& lines = {},
+                        const std::wstring& directory = {});
 
     /// As above without the module and with other arguments, blanks between them.
-    HostRun RunHost(const std::wstring& arguments, const std::wstring& lines,
-                    const std::wstring& directory = {});
+    InstallationRun RunHost(const std::wstring& arguments, const std::wstring& lines,
+                            const std::wstring& directory = {});
+
+    /// For a host in this program: the profile of the runs above.
+    const std::wstring& ProfileName() const { return m_profile.Name(); }
 
     /// The profile's value of the setting, as the last run left it.
-    std::wstring Setting(const std::wstring& name);
+    std::wstring Setting(const std::wstring& name) const { return m_profile.Stored(name); }
 
     /// What the log files hold, line by line, without the header lines and the bracketed prefix.
     std::vector<std::string> LogMessages() const;
@@ -62,13 +66,8 @@ class Installation {
   private:
     TempFolder m_folder;
     InstallRegistry m_registry;
+    TestProfile m_profile;
 };
-
-/// Text of our own process's code page and UTF-8 as wide text.
-std::wstring FromUtf8(const std::string& bytes);
 
 /// `text` as LISP writes and prints it: in quotes, each backslash doubled.
 std::wstring LispLiteral(std::wstring text);
-
-/// How often `part` stands in `text`.
-size_t Occurrences(const std::wstring& text, const std::wstring& part);

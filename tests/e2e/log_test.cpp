@@ -20,14 +20,6 @@ std::string Narrow(const std::wstring& text) {
     return bytes;
 }
 
-size_t Count(const std::string& text, const std::string& part) {
-    size_t count = 0;
-    for (size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) {
-        ++count;
-    }
-    return count;
-}
-
 constexpr char beforeInit[] = "WARNING: Logging before InitGoogleLogging() is written to STDERR";
 
 }  // namespace
@@ -69,7 +61,7 @@ TEST(Log, SaysThatAMissingLocationExistsWhenTheRegistryNamesIt) {
     installation.EnableLog();
     installation.Registry().SetLocation(installation.Location() + L"\\");
 
-    const HostRun run = installation.Run({});
+    const InstallationRun run = installation.Run({});
 
     // With its separator the location is not found, yet its "\\config.xml" is.
     const std::vector<std::string> log = installation.LogMessages();
@@ -119,9 +111,9 @@ TEST(Log, ASecondRunAppendsAHeaderAndItsLines) {
     installation.Run({});
     const std::string both = ReadFileBytes(installation.LogPath());
 
-    EXPECT_EQ(Count(first, "Log file created at: "), 1u);
+    EXPECT_EQ(Occurrences(first, "Log file created at: "), 1u);
     EXPECT_EQ(both.compare(0, first.size(), first), 0) << "the first run's bytes were changed";
-    EXPECT_EQ(Count(both, "Log file created at: "), 2u);
+    EXPECT_EQ(Occurrences(both, "Log file created at: "), 2u);
     EXPECT_EQ(installation.LogMessages().size(), 2 * lines);
 }
 
@@ -140,22 +132,22 @@ TEST(Log, SwitchedOffGoesToStderrAloneWithTheLibrarysPrefix) {
     Installation installation;
     std::filesystem::create_directories(installation.LogFolder());
 
-    const HostRun run = installation.Run({installation.FirstDrawing()});
+    const InstallationRun run = installation.Run({installation.FirstDrawing()});
 
     EXPECT_TRUE(std::filesystem::is_empty(installation.LogFolder()));
-    EXPECT_EQ(Count(run.errors, beforeInit), 1u);
-    EXPECT_EQ(Count(run.errors, "读取配置-成功"), 1u);
-    EXPECT_EQ(Count(run.errors, "[INFO "), 0u);
+    EXPECT_EQ(Occurrences(run.errors, beforeInit), 1u);
+    EXPECT_EQ(Occurrences(run.errors, "读取配置-成功"), 1u);
+    EXPECT_EQ(Occurrences(run.errors, "[INFO "), 0u);
 }
 
 TEST(Log, SwitchedOnGoesToStderrToo) {
     Installation installation;
     installation.EnableLog();
 
-    const HostRun run = installation.Run({});
+    const InstallationRun run = installation.Run({});
 
-    EXPECT_EQ(Count(run.errors, beforeInit), 0u);
-    EXPECT_EQ(Count(run.errors, "读取配置-成功"), 1u);
+    EXPECT_EQ(Occurrences(run.errors, beforeInit), 0u);
+    EXPECT_EQ(Occurrences(run.errors, "读取配置-成功"), 1u);
 }
 
 TEST(Log, APlainFileNamedLogsStaysAndTheStartGoesOn) {
@@ -163,7 +155,7 @@ TEST(Log, APlainFileNamedLogsStaysAndTheStartGoesOn) {
     installation.EnableLog();
     WriteFileBytes(installation.LogFolder(), "in the way");
 
-    const HostRun run = installation.Run({installation.FirstDrawing()});
+    const InstallationRun run = installation.Run({installation.FirstDrawing()});
 
     EXPECT_EQ(run.exitCode, 0u);
     EXPECT_EQ(ReadFileBytes(installation.LogFolder()), "in the way");

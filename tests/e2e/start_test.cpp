@@ -41,13 +41,13 @@ class OwnDrive {
     static constexpr wchar_t configPath[] = L"R:\\config.xml";
 };
 
-void ExpectRefused(const HostRun& run) {
+void ExpectRefused(const InstallationRun& run) {
     EXPECT_EQ(run.exitCode, refusedExitCode);
     EXPECT_EQ(Occurrences(run.console, refusal), 1u) << "console without the refusal";
     EXPECT_EQ(run.console.find(stars), std::wstring::npos) << "a banner was printed";
 }
 
-void ExpectStarted(const HostRun& run) {
+void ExpectStarted(const InstallationRun& run) {
     EXPECT_EQ(run.exitCode, 0u);
     EXPECT_EQ(Occurrences(run.console, L"\n欢迎使用《KVT CAD辅助设计软件》"), 1u);
     EXPECT_EQ(run.console.find(refusal), std::wstring::npos) << "the start was refused";
@@ -58,7 +58,7 @@ void ExpectStarted(const HostRun& run) {
 TEST(Start, PrintsTheBannerOnceAndNeverAtADrawing) {
     Installation installation;
 
-    const HostRun run =
+    const InstallationRun run =
         installation.Run({installation.FirstDrawing(), installation.SecondDrawing()});
 
     ExpectStarted(run);
@@ -77,7 +77,7 @@ TEST(Start, IsRefusedWithoutLocation) {
     installation.Registry().SetVersion(L"2026.1");
     OwnDrive drive;
 
-    const HostRun run = installation.Run({}, {}, OwnDrive::root);
+    const InstallationRun run = installation.Run({}, {}, OwnDrive::root);
 
     ExpectRefused(run);
 }
@@ -114,7 +114,7 @@ TEST(Start, IsRefusedWithoutVersionAlthoughNothingElseNeedsIt) {
     installation.Registry().DeleteKey();
     installation.Registry().SetLocation(installation.Location());
 
-    const HostRun run = installation.Run({});
+    const InstallationRun run = installation.Run({});
 
     ExpectRefused(run);
 }
@@ -125,7 +125,7 @@ TEST(Start, IsRefusedWithoutTheKeyAndBothTextsStayEmpty) {
     OwnDrive drive;
     WriteFileBytes(OwnDrive::configPath, "<Config><EnableLog/></Config>");
 
-    const HostRun run = installation.Run({}, {}, OwnDrive::root);
+    const InstallationRun run = installation.Run({}, {}, OwnDrive::root);
 
     ExpectRefused(run);
     const std::vector<std::string> log = installation.LogMessages();
@@ -141,7 +141,7 @@ TEST(Start, LooksInThe32BitViewAlone) {
     installation.Registry().SetLocationIn64BitView(installation.Location());
     OwnDrive drive;
 
-    const HostRun run = installation.Run({}, {}, OwnDrive::root);
+    const InstallationRun run = installation.Run({}, {}, OwnDrive::root);
 
     ExpectRefused(run);
 }
@@ -150,7 +150,7 @@ TEST(Start, IsRefusedWhenTheLocationIsNotThere) {
     Installation installation;
     installation.Registry().SetLocation(installation.Folder() + L"\\elsewhere");
 
-    const HostRun run = installation.Run({});
+    const InstallationRun run = installation.Run({});
 
     ExpectRefused(run);
 }
@@ -159,7 +159,7 @@ TEST(Start, IsRefusedWhenConfigCanNeitherBeReadNorWritten) {
     Installation installation;
     LockedFile lock(installation.ConfigPath());
 
-    const HostRun run = installation.Run({});
+    const InstallationRun run = installation.Run({});
 
     ExpectRefused(run);
 }
@@ -168,7 +168,7 @@ TEST(Start, ARefusedStartAtThePromptLeavesTheHostThere) {
     Installation installation;
     installation.Registry().SetLocation(installation.Folder() + L"\\elsewhere");
 
-    const HostRun run =
+    const InstallationRun run =
         installation.RunHost({}, L"APPLOAD " + installation.ModulePath() + L"\n(+ 40 2)\n");
 
     EXPECT_EQ(Occurrences(run.console, refusal), 1u);
@@ -182,7 +182,7 @@ TEST(Start, ARefusedStartLeavesTheCommandToTheHost) {
     Installation installation;
     installation.Registry().SetLocation(installation.Folder() + L"\\elsewhere");
 
-    const HostRun run =
+    const InstallationRun run =
         installation.RunHost(L"--verbose --load \"" + installation.ModulePath() + L"\"", {});
 
     EXPECT_EQ(Occurrences(run.console, L"drafthost: dropped command KVTCAD/LoadKVT of "), 1u);
@@ -194,7 +194,7 @@ TEST(Start, IsRefusedWhenTheLocationIsAPlainFile) {
     WriteFileBytes(file, "a file");
     installation.Registry().SetLocation(file);
 
-    const HostRun run = installation.Run({});
+    const InstallationRun run = installation.Run({});
 
     ExpectRefused(run);
 }
@@ -202,7 +202,7 @@ TEST(Start, IsRefusedWhenTheLocationIsAPlainFile) {
 TEST(Start, WorksAtALocationWithBlanksAndChineseCharacters) {
     Installation installation(L"安装 目录 测试");
 
-    const HostRun run = installation.Run({installation.FirstDrawing()});
+    const InstallationRun run = installation.Run({installation.FirstDrawing()});
 
     ExpectStarted(run);
     EXPECT_EQ(Occurrences(run.console,
@@ -215,7 +215,7 @@ TEST(Start, APercentSignInTheVersionBecomesPartOfTheFormat) {
     Installation installation;
     installation.Registry().SetVersion(L"100%%");
 
-    const HostRun run = installation.Run({});
+    const InstallationRun run = installation.Run({});
 
     ExpectStarted(run);
     EXPECT_EQ(Occurrences(run.console, L"《KVT CAD辅助设计软件》100% \n"), 1u);

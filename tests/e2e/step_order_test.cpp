@@ -9,11 +9,13 @@
 
 #include <gtest/gtest.h>
 
+#include <acdocman.h>
 #include <aced.h>
 
 #include <windows.h>
 
 #include <algorithm>
+#include <memory>
 
 namespace {
 
@@ -77,35 +79,109 @@ class RecordedModule {
     ImportHook<decltype(&acedDefun)> m_defun;
 };
 
+int g_allocations = 0;
+void* (*g_realNew)(size_t) = nullptr;
+
+void* CountNew(size_t size) {
+    ++g_allocations;
+    return g_realNew(size);
+}
+
+/// Is told behind the module, so that it sees what the module has made of an event.
+class LaterReactor : public AcApDocManagerReactor {
+  public:
+    LaterReactor() { acDocManagerPtr()->addReactor(this); }
+    ~LaterReactor() override { acDocManagerPtr()->removeReactor(this); }
+
+    void documentCreateStarted(AcApDocument*) override { Note(L"create started"); }
+    void documentCreated(AcApDocument*) override { Note(L"created"); }
+    void documentBecameCurrent(AcApDocument*) override { Note(L"became current"); }
+    void documentToBeActivated(AcApDocument*) override { Note(L"to be activated"); }
+    void documentToBeDeactivated(AcApDocument*) override { Note(L"to be deactivated"); }
+    void documentActivated(AcApDocument*) override { Note(L"activated"); }
+
+  private:
+    static void Note(const wchar_t* event) {
+        CallJournal::Add(g_allocations == 0 ? event : std::wstring(event) + L", noticed");
+    }
+};
+
 std::wstring WithSlashes(std::wstring path) {
     std::replace(path.begin(), path.end(), L'\\', L'/');
     return path;
 }
 
+/// One session for all: a host's services begin and end once in a process.
+class StepOrder : public testing::Test {
+  protected:
+    static void SetUpTestSuite() {
+        m_installation = std::make_unique<Installation>();
+        drafthost::HostOptions options;
+        options.profile = m_installation->ProfileName();
+        ASSERT_TRUE(drafthost::StartHost(options));
+    }
+    static void TearDownTestSuite() {
+        drafthost::ShutDownHost();
+        EXPECT_EQ(drafthost::OffenceCount(), 0u);
+        m_installation.reset();
+    }
+
+    ~StepOrder() override {
+        while (drafthost::CloseDrawing()) {
+        }
+        FreeLibrary(m_image);  // The host still holds it.
+        EXPECT_EQ(drafthost::UnloadModule(L"KVTCAD.arx"), drafthost::UnloadResult::Unloaded);
+    }
+
+    /// What the module does at each drawing.
+    static Calls DrawingSteps() {
+        return {L"probe " + WithSlashes(m_installation->LispPath()), L"ads_queueexpr",
+                L"acedDefun GetKVTPath 0"};
+    }
+    static void LoadModule() {
+        EXPECT_EQ(drafthost::LoadModule(m_installation->ModulePath()),
+                  drafthost::LoadResult::Loaded);
+    }
+    static void NewDrawing() { EXPECT_EQ(drafthost::NewDrawing(), drafthost::OpenResult::Opened); }
+
+    static std::unique_ptr<Installation> m_installation;
+    /// Held ahead of its start, so that its calls can be recorded from there on.
+    const HMODULE m_image = LoadLibraryW(m_installation->ModulePath().c_str());
+};
+std::unique_ptr<Installation> StepOrder::m_installation;
+
 }  // namespace
 
-TEST(StepOrder, TheStartRegistersThenSetsUpThenGreetsAndADrawingQueuesThenDefines) {
-    Installation installation;
-    drafthost::HostOptions options;
-    options.profile = L"step order test";
-    ASSERT_TRUE(drafthost::StartHost(options));
-    const HMODULE image = LoadLibraryW(installation.ModulePath().c_str());
-    ASSERT_NE(image, nullptr);
-    const Calls drawing = {L"probe " + WithSlashes(installation.LispPath()), L"ads_queueexpr",
-                           L"acedDefun GetKVTPath 0"};
-    const Calls start = {L"open key behind the commands", L"open key behind the commands",
-                         L"probe " + installation.Location(), L"acedSetEnv", L"acutPrintf"};
-    {
-        const RecordedModule recorded(image);
+TEST_F(StepOrder, TheStartRegistersThenSetsUpThenGreetsAndADrawingQueuesThenDefines) {
+    const RecordedModule recorded(m_image);
 
-        EXPECT_EQ(drafthost::LoadModule(installation.ModulePath()), drafthost::LoadResult::Loaded);
-        EXPECT_EQ(CallJournal::Take(), start);
-        EXPECT_EQ(drafthost::NewDrawing(), drafthost::OpenResult::Opened);
-        EXPECT_EQ(CallJournal::Take(), drawing);
-        EXPECT_EQ(drafthost::NewDrawing(), drafthost::OpenResult::Opened);
-        EXPECT_EQ(CallJournal::Take(), drawing);
-    }
-    FreeLibrary(image);  // The host still holds it.
-    drafthost::ShutDownHost();
-    EXPECT_EQ(drafthost::OffenceCount(), 0u);
+    LoadModule();
+    EXPECT_EQ(CallJournal::Take(),
+              (Calls{L"open key behind the commands", L"open key behind the commands",
+                     L"probe " + m_installation->Location(), L"acedSetEnv", L"acutPrintf"}));
+    NewDrawing();
+    EXPECT_EQ(CallJournal::Take(), DrawingSteps());
+    NewDrawing();
+    EXPECT_EQ(CallJournal::Take(), DrawingSteps());
+}
+
+TEST_F(StepOrder, OfADrawingsEventsTheModuleTakesNoNotice) {
+    const RecordedModule recorded(m_image);
+    LoadModule();
+    NewDrawing();
+    const LaterReactor reactor;
+    const ImportHook<decltype(g_realNew)> allocation(m_image, "libstdc++-6.dll", "_Znwy",
+                                                     &CountNew);
+    g_realNew = allocation.Original();
+    g_allocations = 0;
+    CallJournal::Clear();
+
+    NewDrawing();
+
+    Calls expected = {L"create started",    L"created",        L"to be activated",
+                      L"to be deactivated", L"became current", L"activated"};
+    for (const std::wstring& step : DrawingSteps())
+        expected.push_back(step);
+    EXPECT_EQ(CallJournal::Calls(), expected);
+    EXPECT_GT(g_allocations, 0) << "those of the message, which show that they are seen";
 }

@@ -5,6 +5,7 @@
 #include "drafthost/framework/dialog_driver.h"
 #include "e2e/installation.h"
 #include "support/child_process.h"
+#include "support/test_profile.h"
 
 #include "runtime/control.h"
 
@@ -16,13 +17,12 @@
 
 #include <cstdio>
 #include <cstring>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 namespace {
-
-constexpr wchar_t profile[] = L"soak";
 
 class SilentOutput : public drafthost::TextOutput {
     void Write(const std::wstring&) override {}
@@ -60,14 +60,14 @@ class HostSoak : public testing::Test {
         static SilentOutput output;
         drafthost::SetTextOutput(&output);
         drafthost::HostOptions options;
-        options.profile = profile;
+        m_profile = std::make_unique<TestProfile>();
+        options.profile = m_profile->Name();
         ASSERT_TRUE(drafthost::StartHost(options));
     }
     static void TearDownTestSuite() {
         drafthost::ShutDownHost();
         EXPECT_EQ(drafthost::OffenceCount(), 0u);
-        RegDeleteTreeW(HKEY_CURRENT_USER,
-                       (std::wstring(L"Software\\Drafthost\\Profiles\\") + profile).c_str());
+        m_profile.reset();
     }
 
     HostSoak() {
@@ -77,8 +77,10 @@ class HostSoak : public testing::Test {
         }
     }
 
+    static std::unique_ptr<TestProfile> m_profile;
     Installation installation;
 };
+std::unique_ptr<TestProfile> HostSoak::m_profile;
 
 void Load(const Installation& installation) {
     if (drafthost::LoadModule(installation.ModulePath()) != drafthost::LoadResult::Loaded) {

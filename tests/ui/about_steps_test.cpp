@@ -3,6 +3,7 @@
 #include "ui/about_dialog.h"
 
 #include "drafthost/framework/dialog_driver.h"
+#include "host/fake_doc_manager.h"
 #include "host/load_kvt_command.h"
 #include "host/module_handles.h"
 #include "support/call_journal.h"
@@ -217,13 +218,8 @@ TEST_F(AboutSteps, TheEndGoesFromTheLogoToTheDialog) {
 // The opening sequence of the command.
 
 /// Stands for the host's document manager.
-class JournalDocumentManager : public AcApDocManager {
+class JournalDocumentManager : public FakeDocManager {
   public:
-    AcApDocument* curDocument() const override { return nullptr; }
-    AcApDocument* mdiActiveDocument() const override { return nullptr; }
-    int documentCount() const override { return 0; }
-    void addReactor(AcApDocManagerReactor*) override {}
-    void removeReactor(AcApDocManagerReactor*) override {}
     void pushResourceHandle(HINSTANCE handle) override {
         CallJournal::Add(handle == ModuleExtensionRecord.m_moduleResource ? L"push module"
                                                                           : L"push another");

@@ -1,7 +1,8 @@
 // Settings in the user's profile in the registry.
 
+#include "support/test_profile.h"
+
 #include "runtime/control.h"
-#include "test_profile.h"
 
 #include "acedads.h"
 

@@ -1,9 +1,9 @@
 // The services' end: they are gone when the host has been shut down.
 
 #include "support/child_scenario.h"
+#include "support/test_profile.h"
 
 #include "runtime/control.h"
-#include "test_profile.h"
 
 #include "acdocman.h"
 #include "rxregsvc.h"

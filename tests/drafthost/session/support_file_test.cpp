@@ -2,6 +2,7 @@
 
 #include "host_run.h"
 
+#include "support/occurrences.h"
 #include "support/temp_folder.h"
 
 #include <gmock/gmock.h>
@@ -73,13 +74,6 @@ class StartUp : public testing::Test {
     TempFolder folder{L"启动 files"};
 };
 
-std::size_t Times(const HostRun& run, const std::wstring& part) {
-    std::size_t times = 0;
-    for (std::size_t at = run.Output().find(part); at != std::wstring::npos; ++times)
-        at = run.Output().find(part, at + 1);
-    return times;
-}
-
 }  // namespace
 
 TEST_F(StartUp, FilesComeInTheirOrderAheadOfWhatModulesQueue) {
@@ -102,7 +96,7 @@ TEST_F(StartUp, TheFirstFileIsForEveryDrawingWhenItsVariableSaysSo) {
 
     const HostRun run = Run(L"", L"QUIT\n");
 
-    EXPECT_EQ(Times(run, L"[acad]"), 2u);
+    EXPECT_EQ(Occurrences(run.Output(), L"[acad]"), 2u);
 }
 
 TEST_F(StartUp, AnErrorIsShownAndTheSessionGoesOn) {
@@ -110,7 +104,7 @@ TEST_F(StartUp, AnErrorIsShownAndTheSessionGoesOn) {
 
     const HostRun run = Run(L"", L"(+ 1 1)\nQUIT\n");
 
-    EXPECT_EQ(Times(run, L"; error: bad argument type: consp 6\n"), 2u);
-    EXPECT_EQ(Times(run, L"; error: bad argument type: consp 5\n"), 2u);
+    EXPECT_EQ(Occurrences(run.Output(), L"; error: bad argument type: consp 6\n"), 2u);
+    EXPECT_EQ(Occurrences(run.Output(), L"; error: bad argument type: consp 5\n"), 2u);
     EXPECT_TRUE(run.HasLine(L"2"));
 }

@@ -1,4 +1,4 @@
-#include "test_profile.h"
+#include "support/test_profile.h"
 
 #include <windows.h>
 
@@ -8,6 +8,7 @@ TestProfile::TestProfile() {
 }
 
 TestProfile::~TestProfile() {
+    // Result ignored: where no host has run there is no key.
     RegDeleteTreeW(HKEY_CURRENT_USER, KeyPath().c_str());
 }
 

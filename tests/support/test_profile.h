@@ -2,7 +2,8 @@
 
 #include <string>
 
-/// A profile of settings that no other test uses; its registry key goes with the object.
+/// A profile of settings of the host that no other test uses; its registry key goes with the
+/// object.
 class TestProfile {
   public:
     TestProfile();
