@@ -6,31 +6,18 @@
 #include "http/exchange.h"
 #include "http/large_body.h"
 #include "http/win_http_client.h"
-
-#include <windows.h>
-// Needs windows.h ahead of it.
-#include <psapi.h>
+#include "http/working_set.h"
 
 #include <cstdio>
 #include <cwchar>
 #include <string>
 
-namespace {
-
-PROCESS_MEMORY_COUNTERS MemoryCounters() {
-    PROCESS_MEMORY_COUNTERS counters = {};
-    GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
-    return counters;
-}
-
-}  // namespace
-
 int wmain(int argc, wchar_t** argv) {
     const bool ours = argc == 2 && std::wcscmp(argv[1], L"ours") == 0;
-    const size_t before = MemoryCounters().WorkingSetSize;
+    const size_t before = ReadWorkingSet().now;
     CWinHttp client;
     const std::string body = ours ? client.Request(NginxUrl(largePath), 0, nullptr, nullptr)
                                   : BareGet(ServerSetting(L"KVT_NGINX").c_str(), largePath);
-    std::printf("%zu", MemoryCounters().PeakWorkingSetSize - before);
+    std::printf("%zu", ReadWorkingSet().peak - before);
     return body.size() == largeSize ? 0 : 1;
 }

@@ -2,14 +2,11 @@
 
 #include "http/exchange.h"
 #include "http/win_http_client.h"
+#include "http/working_set.h"
 
 #include "support/child_scenario.h"
 
 #include <gtest/gtest.h>
-
-#include <windows.h>
-// Needs windows.h ahead of it.
-#include <psapi.h>
 
 #include <cstdio>
 #include <string>
@@ -21,12 +18,6 @@ constexpr size_t bodySize = 64 * mebibyte;
 constexpr size_t limit = 4 * bodySize + 16 * mebibyte;
 
 constexpr int bodyIsWrong = 2;
-
-PROCESS_MEMORY_COUNTERS MemoryCounters() {
-    PROCESS_MEMORY_COUNTERS counters = {};
-    GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
-    return counters;
-}
 
 bool IsPattern(const std::string& body) {
     const std::string line = Pattern(63);
@@ -40,11 +31,11 @@ bool IsPattern(const std::string& body) {
 /// Fetches the large body and prints by how many bytes the working set rose at its peak.
 /// `beside`: bytes held meanwhile.
 int FetchAndPrintPeak(size_t beside) {
-    const size_t before = MemoryCounters().WorkingSetSize;
+    const size_t before = ReadWorkingSet().now;
     const std::string held(beside, 'x');
     CWinHttp client;
     const std::string body = client.Request(NginxUrl(L"/67108864.txt"), 0, nullptr, nullptr);
-    std::printf("%zu", MemoryCounters().PeakWorkingSetSize - before);
+    std::printf("%zu", ReadWorkingSet().peak - before);
     return IsPattern(body) ? 0 : bodyIsWrong;
 }
 
