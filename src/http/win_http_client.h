@@ -12,8 +12,9 @@
 /// Makes one HTTP or HTTPS request at a time and gives the response body as a text.
 ///
 /// Lives on its user's stack and belongs to one thread at a time; several objects may work at once.
-/// A `Request` blocks for as long as the time-outs allow and can't be cancelled. The handles of a
-/// request stay open until the next one or the destructor. Any server certificate is accepted.
+/// A `Request` blocks its caller and can't be cancelled; what the time-outs bound is the platform's
+/// affair, see docs/http.md. The handles of a request stay open until the next one or the
+/// destructor. Any server certificate is accepted.
 class CWinHttp {
   public:
     CWinHttp();

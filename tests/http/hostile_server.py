@@ -11,7 +11,7 @@ import threading
 import time
 
 PATTERN = b"0123456789abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ\n"
-SILENCE_SECONDS = 2.5
+SILENCE_SECONDS = 1.5
 
 
 def head(length=None, status="200 OK", *more):
@@ -43,12 +43,21 @@ def pattern(connection, request):
 
 reset_wanted = threading.Event()
 reset_done = threading.Event()
+reset_delay = 0
+
+
+def reset_after(seconds):
+    global reset_delay
+    reset_delay = seconds
+    reset_done.clear()
+    reset_wanted.set()
 
 
 def reset_in_body(connection, request):
-    """Resets the connection in the body when /reset-now asks for it."""
+    """Resets the connection in the body when /reset-now or /reset-soon asks for it."""
     connection.sendall(head(100) + b"0123456789")
     reset_wanted.wait(20)
+    time.sleep(reset_delay)
     # A close without the wait for delivery resets the connection.
     connection.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, struct.pack("ii", 1, 0))
     connection.close()
@@ -57,10 +66,14 @@ def reset_in_body(connection, request):
 
 
 def reset_now(connection, request):
-    reset_done.clear()
-    reset_wanted.set()
+    reset_after(0)
     reset_done.wait(20)
     connection.sendall(head(4) + b"done")
+
+
+def reset_soon(connection, request):
+    reset_after(0.5)
+    connection.sendall(head(4) + b"soon")
 
 
 def silent(connection, request):
@@ -81,7 +94,7 @@ def drip(connection, request):
 
 def drip_head(connection, request):
     for part in (b"HTTP/1.1 2", b"00 OK\r\nContent-Len", b"gth: 3\r\n\r\nabc"):
-        time.sleep(1)
+        time.sleep(0.7)
         connection.sendall(part)
 
 
@@ -111,6 +124,7 @@ BEHAVIOURS = {
     ),
     "/reset-in-body": reset_in_body,
     "/reset-now": reset_now,
+    "/reset-soon": reset_soon,
     "/longer-than-told": raw(head(5) + b"0123456789"),
     "/negative-length": raw(head(-1) + b"0123456789"),
     "/silent": silent,

@@ -166,10 +166,9 @@ TEST(Nginx, IsFollowedWhereThePlatformFollows) {
 }
 
 TEST(Nginx, IsNotFollowedWhereThePlatformRefuses) {
-    for (const std::wstring& url :
-         {NginxUrl(L"/redirect-for-ever"), SecureNginxUrl(L"/redirect-to-plain")}) {
-        const Outcome outcome = Get(url);
-
+    for (const Outcome& outcome :
+         {Get(NginxUrl(L"/redirect-for-ever")), Get(SecureNginxUrl(L"/redirect-to-plain")),
+          Post(NginxUrl(L"/redirect"), "body")}) {
         EXPECT_EQ(outcome.body, "");
         EXPECT_EQ(outcome.error, HttpErrorRequest);
         EXPECT_EQ(outcome.status, 0u);

@@ -55,7 +55,7 @@ size_t SlotOf(Operation operation) {
 
 }  // namespace
 
-TEST(WinHttpClient, StandsAlone) {
+TEST(WinHttpClient, IsDeletedThroughItsTypeAndNotCopied) {
     EXPECT_TRUE(std::has_virtual_destructor_v<CWinHttp>);
     EXPECT_FALSE(std::is_copy_constructible_v<CWinHttp>);
     EXPECT_FALSE(std::is_copy_assignable_v<CWinHttp>);
