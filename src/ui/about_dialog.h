@@ -36,7 +36,8 @@ class AboutDialog : public CAcUiTabMainDialog {
     DECLARE_DYNAMIC(AboutDialog)
 
     /// `initialTab`: index of the tab to show first; one beyond the last tab counts on from the
-    /// first. Shows nothing yet.
+    /// first. Of a negative one the remainder is negative too unless there is one tab alone, and
+    /// the tab control refuses it. Shows nothing yet.
     explicit AboutDialog(int initialTab);
     ~AboutDialog() override;
 

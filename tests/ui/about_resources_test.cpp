@@ -6,6 +6,9 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <regex>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -86,7 +89,10 @@ TEST(AboutResources, TextsNameNoRealAddress) {
 
     const std::wstring& legal = dialog.items[0].text;
     EXPECT_NE(legal.find(L"Brennvik"), std::wstring::npos);
-    EXPECT_NE(legal.find(L"example.com"), std::wstring::npos);
+    const std::wregex address(L"[\\w@-]+([.@][\\w-]+)+");
+    const std::vector<std::wstring> addresses(
+        std::wsregex_token_iterator(legal.begin(), legal.end(), address), {});
+    EXPECT_EQ(addresses, (std::vector<std::wstring>{L"www.example.com", L"support@example.com"}));
     EXPECT_EQ(legal.find(L'\n'), std::wstring::npos);
 }
 
