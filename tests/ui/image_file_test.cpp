@@ -1,7 +1,6 @@
 // CImage's load of files.
 
 #include "support/canvas.h"
-#include "support/resource_counters.h"
 #include "ui/image_hooks.h"
 #include "ui/picture_files.h"
 
@@ -9,11 +8,9 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <cstdio>
 #include <initializer_list>
-#include <memory>
-#include <new>
-#include <vector>
+#include <string>
 
 // gdiplus.h needs windows.h and objidl.h ahead of it.
 #include <objidl.h>
@@ -23,7 +20,6 @@
 using namespace Gdiplus::DllExports;
 using Gdiplus::GpBitmap;
 using Gdiplus::GpGraphics;
-using Gdiplus::GpImage;
 using Gdiplus::GpStatus;
 
 namespace {
@@ -196,154 +192,6 @@ INSTANTIATE_TEST_SUITE_P(All, ImageFormats,
                              return std::string(name);
                          });
 
-// GDI+ comes and goes with the images.
-
-int g_startups = 0;
-int g_shutdowns = 0;
-Gdiplus::GdiplusStartupInput g_startupInput;
-decltype(&Gdiplus::GdiplusStartup) g_startup = nullptr;
-decltype(&Gdiplus::GdiplusShutdown) g_shutdown = nullptr;
-
-int g_lockDepth = 0;
-int g_lockUses = 0;
-bool g_startedUnderLock = false;
-bool g_endedUnderLock = false;
-decltype(&EnterCriticalSection) g_enter = nullptr;
-decltype(&LeaveCriticalSection) g_leave = nullptr;
-
-void WINAPI NoteEnter(CRITICAL_SECTION* section) {
-    ++g_lockDepth;
-    ++g_lockUses;
-    g_enter(section);
-}
-void WINAPI NoteLeave(CRITICAL_SECTION* section) {
-    --g_lockDepth;
-    g_leave(section);
-}
-GpStatus WINAPI NoteStartup(ULONG_PTR* token, const Gdiplus::GdiplusStartupInput* input,
-                            Gdiplus::GdiplusStartupOutput* output) {
-    ++g_startups;
-    g_startedUnderLock = g_lockDepth > 0;
-    g_startupInput = *input;
-    return g_startup(token, input, output);
-}
-void WINAPI NoteShutdown(ULONG_PTR token) {
-    ++g_shutdowns;
-    g_endedUnderLock = g_lockDepth > 0;
-    g_shutdown(token);
-}
-GpStatus WINAPI RefuseStartup(ULONG_PTR*, const Gdiplus::GdiplusStartupInput*,
-                              Gdiplus::GdiplusStartupOutput*) {
-    return Gdiplus::GenericError;
-}
-
-class ImageDrawingLibrary : public testing::Test {
-  protected:
-    ImageDrawingLibrary() {
-        g_startup = m_startupHook.Original();
-        g_shutdown = m_shutdownHook.Original();
-        g_startups = g_shutdowns = 0;
-    }
-
-    const TempFolder m_folder;
-    const std::wstring m_file = WritePicture(m_folder, L"plain.png", IDR_PNG);
-    const ImportHook<decltype(&Gdiplus::GdiplusStartup)> m_startupHook{
-        RuntimeDll(), nullptr, "GdiplusStartup", &NoteStartup};
-    const ImportHook<decltype(&Gdiplus::GdiplusShutdown)> m_shutdownHook{
-        RuntimeDll(), nullptr, "GdiplusShutdown", &NoteShutdown};
-};
-
-TEST_F(ImageDrawingLibrary, StartsOnceAtTheFirstFile) {
-    CImage first;
-    CImage second;
-    EXPECT_EQ(g_startups, 0);
-
-    first.Load(m_file.c_str());
-    first.Load(m_file.c_str());
-    second.Load(m_file.c_str());
-
-    EXPECT_EQ(g_startups, 1);
-    EXPECT_EQ(g_startupInput.GdiplusVersion, 1u);
-    EXPECT_EQ(g_startupInput.DebugEventCallback, nullptr);
-}
-
-TEST_F(ImageDrawingLibrary, EndsWithTheLastImageEvenIfThatNeverLoaded) {
-    auto loaded = std::make_unique<CImage>();
-    auto empty = std::make_unique<CImage>();
-    loaded->Load(m_file.c_str());
-
-    loaded.reset();
-    EXPECT_EQ(g_shutdowns, 0);
-    empty.reset();
-
-    EXPECT_EQ(g_shutdowns, 1);
-}
-
-TEST_F(ImageDrawingLibrary, StartsAgainAfterItsEnd) {
-    for (int round = 1; round <= 3; ++round) {
-        CImage image;
-        EXPECT_EQ(image.Load(m_file.c_str()), S_OK);
-        EXPECT_EQ(g_startups, round);
-        EXPECT_EQ(g_shutdowns, round - 1);
-    }
-    EXPECT_EQ(g_shutdowns, 3);
-}
-
-TEST_F(ImageDrawingLibrary, CountStartAndEndAreUnderTheCriticalSection) {
-    const ImportHook<decltype(&EnterCriticalSection)> enter(RuntimeDll(), nullptr,
-                                                            "EnterCriticalSection", &NoteEnter);
-    const ImportHook<decltype(&LeaveCriticalSection)> leave(RuntimeDll(), nullptr,
-                                                            "LeaveCriticalSection", &NoteLeave);
-    g_enter = enter.Original();
-    g_leave = leave.Original();
-    g_lockDepth = g_lockUses = 0;
-    auto image = std::make_unique<CImage>();
-    EXPECT_EQ(g_lockUses, 1);
-
-    image->Load(m_file.c_str());
-    EXPECT_EQ(g_lockUses, 2);
-    image.reset();
-
-    EXPECT_EQ(g_lockUses, 3);
-    EXPECT_EQ(g_lockDepth, 0);
-    EXPECT_TRUE(g_startedUnderLock);
-    EXPECT_TRUE(g_endedUnderLock);
-}
-
-TEST_F(ImageDrawingLibrary, IsNotNeededForAResource) {
-    {
-        CImage image;
-        image.LoadFromResource(GetModuleHandleW(nullptr), IDB_PLAIN);
-    }
-
-    EXPECT_EQ(g_startups, 0);
-    EXPECT_EQ(g_shutdowns, 0);
-}
-
-TEST_F(ImageDrawingLibrary, ARefusedStartFailsTheLoadAndIsTriedAgain) {
-    CImage image;
-    {
-        const ImportHook<decltype(&Gdiplus::GdiplusStartup)> refusal(
-            RuntimeDll(), nullptr, "GdiplusStartup", &RefuseStartup);
-        EXPECT_EQ(image.Load(m_file.c_str()), static_cast<HRESULT>(0x80004005));
-        EXPECT_TRUE(image.IsNull());
-    }
-
-    EXPECT_EQ(image.Load(m_file.c_str()), S_OK);
-    EXPECT_EQ(g_startups, 1);
-}
-
-TEST_F(ImageDrawingLibrary, AnEndWithoutAStartIsNone) {
-    {
-        const ImportHook<decltype(&Gdiplus::GdiplusStartup)> refusal(
-            RuntimeDll(), nullptr, "GdiplusStartup", &RefuseStartup);
-        CImage image;
-        image.Load(m_file.c_str());
-    }
-
-    EXPECT_EQ(g_shutdowns, 0);
-}
-
 // Files that are no pictures.
 
 TEST(ImageFile, WhatIsNoPictureGivesFailure) {
@@ -394,106 +242,5 @@ TEST(ImageFile, AFailedLoadLeavesThePictureInHand) {
     EXPECT_EQ(static_cast<HBITMAP>(image), before);
     ExpectQuarters(image, quarters, 0);
 }
-
-// Steps of the load that fail. Each refusal is the replacement of one import.
-
-HBITMAP WINAPI RefuseSection(HDC, const BITMAPINFO*, UINT, void**, HANDLE, DWORD) {
-    return nullptr;
-}
-GpStatus WINGDIPAPI RefuseSize(GpImage*, UINT*) {
-    return Gdiplus::GenericError;
-}
-GpStatus WINGDIPAPI RefuseFormat(GpImage*, Gdiplus::PixelFormat*) {
-    return Gdiplus::GenericError;
-}
-GpStatus WINGDIPAPI RefuseLock(GpBitmap*, GDIPCONST Gdiplus::Rect*, UINT, Gdiplus::PixelFormat,
-                               Gdiplus::BitmapData*) {
-    return Gdiplus::WrongState;
-}
-void* RefuseStorage(std::size_t, const std::nothrow_t&) noexcept {
-    return nullptr;
-}
-GpStatus WINGDIPAPI RefusePaletteSize(GpImage*, INT*) {
-    return Gdiplus::GenericError;
-}
-GpStatus WINGDIPAPI RefusePalette(GpImage*, Gdiplus::ColorPalette*, INT) {
-    return Gdiplus::GenericError;
-}
-HDC WINAPI RefuseMemoryDC(HDC) {
-    return nullptr;
-}
-GpStatus WINGDIPAPI RefuseOverlay(INT, INT, INT, Gdiplus::PixelFormat, BYTE*, GpBitmap**) {
-    return Gdiplus::OutOfMemory;
-}
-GpStatus WINGDIPAPI RefuseGraphics(GpImage*, GpGraphics**) {
-    return Gdiplus::OutOfMemory;
-}
-GpStatus WINGDIPAPI RefuseDrawing(GpGraphics*, GpImage*, INT, INT, INT, INT) {
-    return Gdiplus::GenericError;
-}
-/// Makes the load draw where it would copy rows.
-GpStatus WINGDIPAPI GiveFormatToDraw(GpImage*, Gdiplus::PixelFormat* format) {
-    *format = PixelFormat48bppRGB;
-    return Gdiplus::Ok;
-}
-
-struct RefusalRow {
-    const char* import;
-    void* replacement;
-    int resource;
-    bool draws;
-    HRESULT result;
-};
-
-class ImageRefusals : public testing::TestWithParam<RefusalRow> {};
-
-TEST_P(ImageRefusals, GiveTheirCodeAndLoseNothing) {
-    const RefusalRow& row = GetParam();
-    const TempFolder folder;
-    const std::wstring path = WritePicture(folder, L"picture", row.resource);
-    CImage image;
-    ASSERT_EQ(image.Load(WritePicture(folder, L"first", IDR_PNG).c_str()), S_OK);
-    const HBITMAP before = image;
-    std::unique_ptr<ImportHook<decltype(&GiveFormatToDraw)>> drawInstead;
-    if (row.draws) {
-        drawInstead = std::make_unique<ImportHook<decltype(&GiveFormatToDraw)>>(
-            RuntimeDll(), nullptr, "GdipGetImagePixelFormat", &GiveFormatToDraw);
-    }
-    const ImportHook<void*> refusal(RuntimeDll(), nullptr, row.import, row.replacement);
-    image.Load(path.c_str());  // Warms the platform's caches up; the result is the second one's.
-    const long long gdiObjects = CountResources().gdiObjects;
-
-    EXPECT_EQ(image.Load(path.c_str()), row.result);
-
-    EXPECT_EQ(static_cast<HBITMAP>(image), before);
-    EXPECT_EQ(CountResources().gdiObjects, gdiObjects);
-    EXPECT_TRUE(DeleteFileW(path.c_str())) << "still held";
-}
-
-template <typename Function>
-void* Replacement(Function function) {
-    return reinterpret_cast<void*>(function);
-}
-
-constexpr HRESULT failure = static_cast<HRESULT>(0x80004005);
-constexpr HRESULT noMemory = static_cast<HRESULT>(0x8007000E);
-
-const RefusalRow refusalRows[] = {
-    {"CreateDIBSection", Replacement(&RefuseSection), IDR_PNG, false, failure},
-    {"GdipGetImageWidth", Replacement(&RefuseSize), IDR_PNG, false, failure},
-    {"GdipGetImageHeight", Replacement(&RefuseSize), IDR_PNG, false, failure},
-    {"GdipGetImagePixelFormat", Replacement(&RefuseFormat), IDR_PNG, false, failure},
-    {"GdipBitmapLockBits", Replacement(&RefuseLock), IDR_PNG, false, noMemory},
-    {"_ZnayRKSt9nothrow_t", Replacement(&RefuseStorage), IDR_GIF, false, noMemory},
-    {"GdipGetImagePaletteSize", Replacement(&RefusePaletteSize), IDR_GIF, false, failure},
-    {"GdipGetImagePalette", Replacement(&RefusePalette), IDR_GIF, false, failure},
-    {"CreateCompatibleDC", Replacement(&RefuseMemoryDC), IDR_GIF, false, failure},
-    {"GdipCreateBitmapFromScan0", Replacement(&RefuseOverlay), IDR_PNG, true, failure},
-    {"GdipGetImageGraphicsContext", Replacement(&RefuseGraphics), IDR_PNG, true, failure},
-    {"GdipDrawImageRectI", Replacement(&RefuseDrawing), IDR_PNG, true, failure},
-};
-
-INSTANTIATE_TEST_SUITE_P(Each, ImageRefusals, testing::ValuesIn(refusalRows),
-                         [](const auto& info) { return std::string(info.param.import); });
 
 }  // namespace

@@ -395,31 +395,4 @@ TEST_F(ImageStaticPaint, TakesTheSameStepsWithoutADrawingContext) {
     EXPECT_EQ(Pixels(100, 60), before) << "the default paint is seen";
 }
 
-std::vector<HGDIOBJ> g_deleted;
-decltype(&DeleteObject) g_deleteObject = nullptr;
-
-BOOL WINAPI NoteDeleteObject(HGDIOBJ object) {
-    g_deleted.push_back(object);
-    return g_deleteObject(object);
-}
-
-TEST(ImageStaticLoads, LoseOneBitmapForEachReload) {
-    const ImportHook<decltype(&DeleteObject)> hook(RuntimeDll(), nullptr, "DeleteObject",
-                                                   &NoteDeleteObject);
-    g_deleteObject = hook.Original();
-    g_deleted.clear();
-    std::vector<HGDIOBJ> made;
-    {
-        CImageStatic control;
-        for (int load = 0; load < 4; ++load) {
-            control.m_image.LoadFromResource(GetModuleHandleW(nullptr), IDB_PLAIN);
-            made.push_back(static_cast<HBITMAP>(control.m_image));
-        }
-    }
-
-    EXPECT_EQ(g_deleted, std::vector<HGDIOBJ>{made.back()});
-    for (int lost = 0; lost < 3; ++lost)
-        EXPECT_TRUE(DeleteObject(made[lost]));
-}
-
 }  // namespace
