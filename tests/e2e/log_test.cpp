@@ -1,13 +1,13 @@
 // The log as an administrator finds it.
 
 #include "e2e/installation.h"
+#include "support/text_pattern.h"
 
 #include <gtest/gtest.h>
 
 #include <windows.h>
 
 #include <filesystem>
-#include <regex>
 #include <sstream>
 
 namespace {
@@ -90,12 +90,12 @@ TEST(Log, EveryLineHasThePrefixWithoutFileAndLine) {
 
     installation.Run({installation.FirstDrawing()});
 
-    const std::regex line("\\[INFO    [0-9]{2}:[0-9]{2}:[0-9]{2}\\.[0-9]{6}\\] [^\\r]+\\r");
+    const wchar_t* const line = L"\\[INFO    [0-9]{2}:[0-9]{2}:[0-9]{2}\\.[0-9]{6}\\] [^\\r]+\\r";
     std::istringstream lines(ReadFileBytes(installation.LogPath()));
     int prefixed = 0;
     for (std::string text; std::getline(lines, text);) {
         if (text[0] != '[') continue;
-        EXPECT_TRUE(std::regex_match(text, line)) << text;
+        EXPECT_TRUE(MatchesPattern(std::wstring(text.begin(), text.end()), line)) << text;
         ++prefixed;
     }
     EXPECT_EQ(prefixed, 5);

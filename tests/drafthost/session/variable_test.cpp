@@ -2,10 +2,10 @@
 
 #include "host_run.h"
 
+#include "support/text_pattern.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <regex>
 
 using testing::StartsWith;
 
@@ -23,8 +23,8 @@ TEST(HostVariable, OfAnUnsavedDrawing) {
 }
 
 TEST(HostVariable, DateHasDayAndClock) {
-    EXPECT_TRUE(std::regex_match(ShownFor(L"(rtos (getvar \"CDATE\") 2 6)"),
-                                 std::wregex(L"\"20\\d{6}(\\.\\d{1,6})?\"")));
+    EXPECT_TRUE(
+        MatchesPattern(ShownFor(L"(rtos (getvar \"CDATE\") 2 6)"), L"\"20\\d{6}(\\.\\d{1,6})?\""));
 }
 
 TEST(HostVariable, ASettableOneKeepsItsValueAndKind) {
