@@ -1,14 +1,12 @@
 // The About dialog's resources, read back from the built module file.
 
+#include "support/occurrences.h"
 #include "ui/dialog_template.h"
 #include "ui/module_file.h"
 
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <regex>
-#include <string>
-#include <vector>
 
 namespace {
 
@@ -89,10 +87,9 @@ TEST(AboutResources, TextsNameNoRealAddress) {
 
     const std::wstring& legal = dialog.items[0].text;
     EXPECT_NE(legal.find(L"Brennvik"), std::wstring::npos);
-    const std::wregex address(L"[\\w@-]+([.@][\\w-]+)+");
-    const std::vector<std::wstring> addresses(
-        std::wsregex_token_iterator(legal.begin(), legal.end(), address), {});
-    EXPECT_EQ(addresses, (std::vector<std::wstring>{L"www.example.com", L"support@example.com"}));
+    EXPECT_EQ(Occurrences(legal, L"//www.example.com/"), 1u);
+    EXPECT_EQ(Occurrences(legal, L"support@example.com"), 1u);
+    EXPECT_EQ(Occurrences(legal, L"."), 3u) << "one of another address";
     EXPECT_EQ(legal.find(L'\n'), std::wstring::npos);
 }
 
