@@ -46,6 +46,22 @@ class Pipe {
     HANDLE m_write = nullptr;
 };
 
+/// The error of the start, 0 if there is none. The platform gives an internal error, seen once
+/// under load, when it loses a process on its way to its first instruction: nothing of it has run,
+/// so it is started again, twice at most.
+DWORD Start(const std::wstring& commandLine, const std::wstring& directory, STARTUPINFOW& startup,
+            PROCESS_INFORMATION& process) {
+    DWORD error = ERROR_INTERNAL_ERROR;
+    for (int attempt = 0; attempt < 3 && error == ERROR_INTERNAL_ERROR; ++attempt) {
+        std::wstring line = commandLine;
+        const BOOL started =
+            CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr,
+                           directory.empty() ? nullptr : directory.c_str(), &startup, &process);
+        error = started ? 0 : GetLastError();
+    }
+    return error;
+}
+
 }  // namespace
 
 ChildResult RunChild(const std::wstring& commandLine, const ChildOptions& options) {
@@ -59,12 +75,10 @@ ChildResult RunChild(const std::wstring& commandLine, const ChildOptions& option
     startup.hStdOutput = output.Write();
     startup.hStdError = errors.Write();
     PROCESS_INFORMATION process = {};
-    std::wstring line = commandLine;
-    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr,
-                        options.directory.empty() ? nullptr : options.directory.c_str(), &startup,
-                        &process)) {
+    const DWORD error = Start(commandLine, options.directory, startup, process);
+    if (error != 0) {
         throw std::runtime_error("the child process can't be started: error " +
-                                 std::to_string(GetLastError()));
+                                 std::to_string(error));
     }
     input.CloseRead();
     output.CloseWrite();
