@@ -16,10 +16,6 @@ constexpr COLORREF blue = RGB(0, 0, 255);
 constexpr COLORREF white = RGB(255, 255, 255);
 constexpr COLORREF grey = RGB(128, 128, 128);
 
-HINSTANCE OwnInstance() {
-    return GetModuleHandleW(nullptr);
-}
-
 int g_stretched = 0;
 DWORD g_stretchOperation = 0;
 int g_blended = 0;

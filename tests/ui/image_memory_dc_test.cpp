@@ -18,10 +18,6 @@ constexpr COLORREF red = RGB(255, 0, 0);
 constexpr COLORREF green = RGB(0, 255, 0);
 constexpr COLORREF grey = RGB(128, 128, 128);
 
-HINSTANCE OwnInstance() {
-    return GetModuleHandleW(nullptr);
-}
-
 int g_createdDCs = 0;
 int g_deletedDCs = 0;
 HDC(WINAPI* g_createCompatibleDC)(HDC) = nullptr;

@@ -17,10 +17,6 @@ constexpr COLORREF red = RGB(255, 0, 0);
 constexpr COLORREF blue = RGB(0, 0, 255);
 constexpr COLORREF grey = RGB(128, 128, 128);
 
-HINSTANCE OwnInstance() {
-    return GetModuleHandleW(nullptr);
-}
-
 TEST(Image, ANewOneIsEmptyAndDrawsNothing) {
     const Canvas canvas(8, 8, grey);
     CImage image;
